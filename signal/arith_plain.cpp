@@ -1,0 +1,106 @@
+// Vector arithmetic with integer scaling: the plain reference.
+//
+// Every other level is compared with this code bit for bit.  The exact
+// result of each element is formed in a type wide enough to hold it (32
+// bits for 16-bit data, 64 bits for 32-bit data), then scaled by
+// 2^-scaleFactor with rounding to nearest, ties to even, and saturated.
+#include <stdint.h>
+#include <string.h>
+
+#include "core/dispatch.h"
+#include "signal/arith_exports.h"
+
+namespace vek::plain {
+namespace {
+
+inline int32_t clampTo(int64_t v, int64_t lo, int64_t hi) {
+    return static_cast<int32_t>(v < lo ? lo : (v > hi ? hi : v));
+}
+
+// Exact result s (|s| < 2^62 + 2^32) scaled and saturated to [lo, hi].
+// maxScale is 16 for 16-bit results and 32 for 32-bit results.
+inline int32_t scaleExact(int64_t s, int scaleFactor, int64_t lo, int64_t hi, int maxScale) {
+    if (scaleFactor == 0) return clampTo(s, lo, hi);
+    if (scaleFactor > 0) {
+        if (scaleFactor > maxScale) return 0;
+        // Ties to even: add half minus one, plus one more when the kept
+        // part is odd, then shift (arithmetically) away the fraction.
+        const int64_t half = (int64_t(1) << (scaleFactor - 1)) - 1;
+        return clampTo((s + half + ((s >> scaleFactor) & 1)) >> scaleFactor, lo, hi);
+    }
+    // Negative scale: multiply by 2^k.  A value already outside the range
+    // saturates whatever k is; a value inside it cannot overflow 64 bits.
+    const int k = -scaleFactor;
+    const int32_t c = clampTo(s, lo, hi);
+    if (c == 0) return 0;
+    if (k >= maxScale) return c > 0 ? static_cast<int32_t>(hi) : static_cast<int32_t>(lo);
+    return clampTo(static_cast<int64_t>(c) * (int64_t(1) << k), lo, hi);
+}
+
+inline Vek16s scale16(int32_t s, int sf) { return static_cast<Vek16s>(scaleExact(s, sf, -32768, 32767, 16)); }
+inline Vek32s scale32(int64_t s, int sf) { return scaleExact(s, sf, INT32_MIN, INT32_MAX, 32); }
+
+// The element operations.  Sub takes (src1, src2) and gives src2 - src1.
+struct Add { template <class W> static W op(W a, W b) { return a + b; } };
+struct Sub { template <class W> static W op(W a, W b) { return b - a; } };
+struct Mul { template <class W> static W op(W a, W b) { return a * b; } };
+
+template <class Op>
+VekStatus scaled16(const Vek16s* a, const Vek16s* b, Vek16s* d, int len, int sf) {
+    if (!a || !b || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    for (int i = 0; i < len; ++i) d[i] = scale16(Op::op(int32_t(a[i]), int32_t(b[i])), sf);
+    return StatusOk;
+}
+
+template <class Op>
+VekStatus scaled16c(const Vek16s* a, Vek16s v, Vek16s* d, int len, int sf) {
+    if (!a || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    for (int i = 0; i < len; ++i) d[i] = scale16(Op::op(int32_t(a[i]), int32_t(v)), sf);
+    return StatusOk;
+}
+
+template <class Op>
+VekStatus scaled32(const Vek32s* a, const Vek32s* b, Vek32s* d, int len, int sf) {
+    if (!a || !b || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    for (int i = 0; i < len; ++i) d[i] = scale32(Op::op(int64_t(a[i]), int64_t(b[i])), sf);
+    return StatusOk;
+}
+
+template <class Op>
+VekStatus scaled32c(const Vek32s* a, Vek32s v, Vek32s* d, int len, int sf) {
+    if (!a || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    for (int i = 0; i < len; ++i) d[i] = scale32(Op::op(int64_t(a[i]), int64_t(v)), sf);
+    return StatusOk;
+}
+
+template <class Op>
+VekStatus float2(const Vek32f* a, const Vek32f* b, Vek32f* d, int len) {
+    if (!a || !b || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    for (int i = 0; i < len; ++i) d[i] = Op::op(a[i], b[i]);
+    return StatusOk;
+}
+
+template <class Op>
+VekStatus floatc(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
+    if (!a || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    for (int i = 0; i < len; ++i) d[i] = Op::op(a[i], v);
+    return StatusOk;
+}
+
+// SubC computes src - value, the reverse of Sub's operand order.
+struct SubC { template <class W> static W op(W a, W v) { return a - v; } };
+
+}  // namespace
+
+VEK_ARITH_16S_MEMBERS
+VEK_ARITH_32S_ADD_MEMBERS
+VEK_ARITH_32S_MUL_MEMBERS
+VEK_ARITH_FLOAT_MEMBERS
+
+}  // namespace vek::plain

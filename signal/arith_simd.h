@@ -1,0 +1,396 @@
+// Vector arithmetic kernels for the SSE levels, one template per algorithm.
+//
+// Included by each SIMD level's translation unit inside that level's
+// namespace; everything here has internal linkage (unnamed namespace), so
+// each level gets its own copy built with its own instruction set and none
+// can leak into another.  What the level may use is read from the
+// compiler's own macros: __SSE2__ enables the integer kernels, __SSE4_1__
+// the signed 32x32->64 multiply.
+//
+// Tails shorter than a vector go through a small stack block, so no load
+// reads past the caller's arrays and every element takes the same path.
+//
+// The scaled kernels reproduce the plain rule exactly:
+//   r = (s + 2^(sf-1) - 1 + ((s >> sf) & 1)) >> sf, then saturate.
+#ifndef VEK_SIGNAL_ARITH_SIMD_H
+#define VEK_SIGNAL_ARITH_SIMD_H
+
+#include <stdint.h>
+#include <string.h>
+
+#include <type_traits>
+#include <xmmintrin.h>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+#ifdef __SSE4_1__
+#include <smmintrin.h>
+#endif
+
+#include "core/dispatch.h"
+
+namespace {
+
+// ---- element-wise drivers ----------------------------------------------
+
+inline __m128 loadv(const Vek32f* p) { return _mm_loadu_ps(p); }
+inline void storev(Vek32f* p, __m128 v) { _mm_storeu_ps(p, v); }
+#ifdef __SSE2__
+inline __m128i loadv(const Vek16s* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+inline __m128i loadv(const Vek32s* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+inline void storev(Vek16s* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+inline void storev(Vek32s* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+#endif
+
+// d[i..] = k(a[i..], b[i..]) one vector at a time.  d may equal a or b.
+template <class T, class K>
+inline void map2(const T* a, const T* b, T* d, int len, K k) {
+    constexpr int W = 16 / sizeof(T);
+    int i = 0;
+    for (; i + W <= len; i += W) storev(d + i, k(loadv(a + i), loadv(b + i)));
+    if (i < len) {
+        const size_t bytes = static_cast<size_t>(len - i) * sizeof(T);
+        T ta[W] = {}, tb[W] = {}, td[W];
+        memcpy(ta, a + i, bytes);
+        memcpy(tb, b + i, bytes);
+        storev(td, k(loadv(ta), loadv(tb)));
+        memcpy(d + i, td, bytes);
+    }
+}
+
+// d[i..] = k(a[i..]).  d may equal a.
+template <class T, class K>
+inline void map1(const T* a, T* d, int len, K k) {
+    constexpr int W = 16 / sizeof(T);
+    int i = 0;
+    for (; i + W <= len; i += W) storev(d + i, k(loadv(a + i)));
+    if (i < len) {
+        const size_t bytes = static_cast<size_t>(len - i) * sizeof(T);
+        T ta[W] = {}, td[W];
+        memcpy(ta, a + i, bytes);
+        storev(td, k(loadv(ta)));
+        memcpy(d + i, td, bytes);
+    }
+}
+
+// ---- float members ----------------------------------------------------------
+
+struct Add {
+    static __m128 f(__m128 a, __m128 b) { return _mm_add_ps(a, b); }
+#ifdef __SSE2__
+    static __m128i i16(__m128i a, __m128i b) { return _mm_add_epi32(a, b); }
+    static __m128i sat16(__m128i a, __m128i b) { return _mm_adds_epi16(a, b); }
+#endif
+};
+struct Sub {  // src2 - src1
+    static __m128 f(__m128 a, __m128 b) { return _mm_sub_ps(b, a); }
+#ifdef __SSE2__
+    static __m128i i16(__m128i a, __m128i b) { return _mm_sub_epi32(b, a); }
+    static __m128i sat16(__m128i a, __m128i b) { return _mm_subs_epi16(b, a); }
+#endif
+};
+struct SubC {  // src - value
+    static __m128 f(__m128 a, __m128 v) { return _mm_sub_ps(a, v); }
+#ifdef __SSE2__
+    static __m128i i16(__m128i a, __m128i v) { return _mm_sub_epi32(a, v); }
+    static __m128i sat16(__m128i a, __m128i v) { return _mm_subs_epi16(a, v); }
+#endif
+};
+struct Mul {
+    static __m128 f(__m128 a, __m128 b) { return _mm_mul_ps(a, b); }
+};
+
+template <class Op>
+VekStatus float2(const Vek32f* a, const Vek32f* b, Vek32f* d, int len) {
+    if (!a || !b || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    map2(a, b, d, len, [](__m128 x, __m128 y) { return Op::f(x, y); });
+    return StatusOk;
+}
+
+template <class Op>
+VekStatus floatc(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
+    if (!a || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    const __m128 vv = _mm_set1_ps(v);
+    map1(a, d, len, [vv](__m128 x) { return Op::f(x, vv); });
+    return StatusOk;
+}
+
+#ifdef __SSE2__
+// ---- shared integer helpers -----------------------------------------------
+
+inline __m128i select(__m128i mask, __m128i ifTrue, __m128i ifFalse) {
+#ifdef __SSE4_1__
+    return _mm_blendv_epi8(ifFalse, ifTrue, mask);
+#else
+    return _mm_or_si128(_mm_and_si128(mask, ifTrue), _mm_andnot_si128(mask, ifFalse));
+#endif
+}
+
+// Saturated value of the sign of x for 16- or 32-bit lanes: max for x >= 0,
+// min for x < 0 (x is never 0 where this is used).
+inline __m128i signSat16(__m128i x) { return _mm_xor_si128(_mm_srai_epi16(x, 15), _mm_set1_epi16(0x7FFF)); }
+inline __m128i signSat32(__m128i x) { return _mm_xor_si128(_mm_srai_epi32(x, 31), _mm_set1_epi32(0x7FFFFFFF)); }
+
+// sat(c * 2^k) for lanes c already saturated: shift, shift back, and keep
+// the shifted value only where nothing was lost.  Shift counts of 16 (32)
+// and more clear the lane, so they saturate every non-zero c as required.
+inline __m128i shiftLeftSat16(__m128i c, __m128i k) {
+    const __m128i shifted = _mm_sll_epi16(c, k);
+    return select(_mm_cmpeq_epi16(_mm_sra_epi16(shifted, k), c), shifted, signSat16(c));
+}
+inline __m128i shiftLeftSat32(__m128i c, __m128i k) {
+    const __m128i shifted = _mm_sll_epi32(c, k);
+    return select(_mm_cmpeq_epi32(_mm_sra_epi32(shifted, k), c), shifted, signSat32(c));
+}
+
+// ---- 16-bit members -----------------------------------------------------------
+// The exact result of 8 elements is formed in two vectors of 32-bit lanes.
+
+struct Exact16 {
+    __m128i lo, hi;
+};
+inline __m128i widenLo16(__m128i x) { return _mm_srai_epi32(_mm_unpacklo_epi16(x, x), 16); }
+inline __m128i widenHi16(__m128i x) { return _mm_srai_epi32(_mm_unpackhi_epi16(x, x), 16); }
+
+template <class Op>
+struct Widen16 {
+    static Exact16 exact(__m128i a, __m128i b) {
+        return {Op::i16(widenLo16(a), widenLo16(b)), Op::i16(widenHi16(a), widenHi16(b))};
+    }
+    static __m128i unscaled(__m128i a, __m128i b) { return Op::sat16(a, b); }
+};
+template <>
+struct Widen16<Mul> {
+    static Exact16 exact(__m128i a, __m128i b) {
+        const __m128i lo = _mm_mullo_epi16(a, b), hi = _mm_mulhi_epi16(a, b);
+        return {_mm_unpacklo_epi16(lo, hi), _mm_unpackhi_epi16(lo, hi)};
+    }
+    static __m128i unscaled(__m128i a, __m128i b) {
+        const Exact16 e = exact(a, b);
+        return _mm_packs_epi32(e.lo, e.hi);
+    }
+};
+
+// Ties-to-even shift right of 32-bit lanes by sf (1..16); the exact 16-bit
+// results are below 2^31 in magnitude, so the sum cannot overflow.
+inline __m128i roundShift32(__m128i s, __m128i sf, __m128i bias) {
+    const __m128i odd = _mm_and_si128(_mm_sra_epi32(s, sf), _mm_set1_epi32(1));
+    return _mm_sra_epi32(_mm_add_epi32(_mm_add_epi32(s, bias), odd), sf);
+}
+
+// Picks the kernel for the scale factor once and hands it to run(), which
+// applies it to the vectors (from two arrays, or an array and a constant).
+template <class Op, class Run>
+void scaled16Kernel(int sf, Run run) {
+    using W = Widen16<Op>;
+    if (sf == 0) {
+        run([](__m128i a, __m128i b) { return W::unscaled(a, b); });
+    } else if (sf > 16) {
+        run([](__m128i, __m128i) { return _mm_setzero_si128(); });
+    } else if (sf > 0) {
+        const __m128i count = _mm_cvtsi32_si128(sf), bias = _mm_set1_epi32((1 << (sf - 1)) - 1);
+        run([=](__m128i a, __m128i b) {
+            const Exact16 e = W::exact(a, b);
+            return _mm_packs_epi32(roundShift32(e.lo, count, bias), roundShift32(e.hi, count, bias));
+        });
+    } else {
+        const __m128i count = _mm_cvtsi32_si128(-sf);
+        run([=](__m128i a, __m128i b) { return shiftLeftSat16(W::unscaled(a, b), count); });
+    }
+}
+
+template <class Op>
+VekStatus scaled16(const Vek16s* a, const Vek16s* b, Vek16s* d, int len, int sf) {
+    if (!a || !b || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    scaled16Kernel<Op>(sf, [&](auto k) { map2(a, b, d, len, k); });
+    return StatusOk;
+}
+
+template <class Op>
+VekStatus scaled16c(const Vek16s* a, Vek16s v, Vek16s* d, int len, int sf) {
+    if (!a || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    const __m128i vv = _mm_set1_epi16(v);
+    scaled16Kernel<Op>(sf, [&](auto k) { map1(a, d, len, [&](__m128i x) { return k(x, vv); }); });
+    return StatusOk;
+}
+
+// ---- 32-bit sums and differences ------------------------------------------
+// The exact 33-bit result s is carried as s = 2h + l, h in 32 bits and l
+// the low bit, so every step stays in 32-bit lanes.
+
+template <class Op>
+struct Halves32;
+template <>
+struct Halves32<Add> {  // a + b
+    static __m128i half(__m128i a, __m128i b) {
+        const __m128i carry = _mm_and_si128(_mm_and_si128(a, b), _mm_set1_epi32(1));
+        return _mm_add_epi32(_mm_add_epi32(_mm_srai_epi32(a, 1), _mm_srai_epi32(b, 1)), carry);
+    }
+    static __m128i saturated(__m128i a, __m128i b) {
+        const __m128i r = _mm_add_epi32(a, b);
+        const __m128i overflow = _mm_srai_epi32(_mm_andnot_si128(_mm_xor_si128(a, b), _mm_xor_si128(a, r)), 31);
+        return select(overflow, signSat32(a), r);
+    }
+};
+template <>
+struct Halves32<SubC> {  // a - b
+    static __m128i half(__m128i a, __m128i b) {
+        const __m128i borrow = _mm_and_si128(_mm_andnot_si128(a, b), _mm_set1_epi32(1));
+        return _mm_sub_epi32(_mm_sub_epi32(_mm_srai_epi32(a, 1), _mm_srai_epi32(b, 1)), borrow);
+    }
+    static __m128i saturated(__m128i a, __m128i b) {
+        const __m128i r = _mm_sub_epi32(a, b);
+        const __m128i overflow = _mm_srai_epi32(_mm_and_si128(_mm_xor_si128(a, b), _mm_xor_si128(a, r)), 31);
+        return select(overflow, signSat32(a), r);
+    }
+};
+template <>
+struct Halves32<Sub> {  // src2 - src1
+    static __m128i half(__m128i a, __m128i b) { return Halves32<SubC>::half(b, a); }
+    static __m128i saturated(__m128i a, __m128i b) { return Halves32<SubC>::saturated(b, a); }
+};
+
+// round(s / 2^sf) for s = 2h + l and sf in 1..32, from
+//   q = h >> (sf-1), m = h mod 2^(sf-1), t = q & 1,
+//   r = q + ((m + ((l + 2^(sf-1) - 1 + t) >> 1)) >> (sf-1)),
+// where the last term is 0 or 1; q + 1 wraps only at sf = 1, h = 2^31-1,
+// which saturates.
+struct HalfRound {
+    __m128i shift, mask, bias;
+    explicit HalfRound(int sf)
+        : shift(_mm_cvtsi32_si128(sf - 1)),
+          mask(_mm_set1_epi32(static_cast<int>((uint32_t(1) << (sf - 1)) - 1))),
+          bias(_mm_set1_epi32(static_cast<int>((uint32_t(1) << (sf - 1)) - 1))) {}
+    __m128i operator()(__m128i h, __m128i l) const {
+        const __m128i one = _mm_set1_epi32(1);
+        const __m128i q = _mm_sra_epi32(h, shift);
+        const __m128i m = _mm_and_si128(h, mask);
+        const __m128i c = _mm_add_epi32(_mm_add_epi32(l, bias), _mm_and_si128(q, one));
+        const __m128i carry = _mm_srl_epi32(_mm_add_epi32(m, _mm_srli_epi32(c, 1)), shift);
+        const __m128i r = _mm_add_epi32(q, carry);
+        return _mm_add_epi32(r, _mm_cmpgt_epi32(q, r));  // INT32_MIN back to INT32_MAX
+    }
+};
+
+template <class Op, class Run>
+void scaled32AddKernel(int sf, Run run) {
+    using H = Halves32<Op>;
+    if (sf == 0) {
+        run([](__m128i a, __m128i b) { return H::saturated(a, b); });
+    } else if (sf > 32) {
+        run([](__m128i, __m128i) { return _mm_setzero_si128(); });
+    } else if (sf > 0) {
+        const HalfRound round(sf);
+        run([=](__m128i a, __m128i b) {
+            const __m128i l = _mm_and_si128(_mm_xor_si128(a, b), _mm_set1_epi32(1));
+            return round(H::half(a, b), l);
+        });
+    } else {
+        const __m128i count = _mm_cvtsi32_si128(-sf);
+        run([=](__m128i a, __m128i b) { return shiftLeftSat32(H::saturated(a, b), count); });
+    }
+}
+
+// ---- 32-bit products ----------------------------------------------------------
+// The 64-bit products of the even and odd lanes, two per vector.
+
+struct Products64 {
+    __m128i even, odd;
+};
+inline Products64 products64(__m128i a, __m128i b) {
+    const __m128i aOdd = _mm_srli_epi64(a, 32), bOdd = _mm_srli_epi64(b, 32);
+#ifdef __SSE4_1__
+    return {_mm_mul_epi32(a, b), _mm_mul_epi32(aOdd, bOdd)};
+#else
+    // Unsigned products, then the signed correction of the high halves:
+    // hi(a*b) = hi(ua*ub) - (a < 0 ? b : 0) - (b < 0 ? a : 0).
+    const __m128i fix = _mm_add_epi32(_mm_and_si128(_mm_srai_epi32(a, 31), b), _mm_and_si128(_mm_srai_epi32(b, 31), a));
+    const __m128i hiMask = _mm_set_epi32(-1, 0, -1, 0);
+    const __m128i even = _mm_sub_epi32(_mm_mul_epu32(a, b), _mm_slli_epi64(fix, 32));
+    const __m128i odd = _mm_sub_epi32(_mm_mul_epu32(aOdd, bOdd), _mm_and_si128(fix, hiMask));
+    return {even, odd};
+#endif
+}
+
+// Saturates the 64-bit lanes of even/odd back to four 32-bit lanes in
+// element order.
+inline __m128i saturate64(__m128i even, __m128i odd) {
+    const __m128i loMask = _mm_set_epi32(0, -1, 0, -1);
+    const __m128i lo = _mm_or_si128(_mm_and_si128(even, loMask), _mm_slli_epi64(odd, 32));
+    const __m128i hi = _mm_or_si128(_mm_srli_epi64(even, 32), _mm_andnot_si128(loMask, odd));
+    const __m128i fits = _mm_cmpeq_epi32(hi, _mm_srai_epi32(lo, 31));
+    return select(fits, lo, signSat32(hi));
+}
+
+// Ties-to-even arithmetic shift of 64-bit lanes by sf in 1..32; |p| < 2^62,
+// so adding the bias cannot overflow.  SSE has no 64-bit arithmetic shift:
+// offset by 2^63, shift logically, remove the shifted offset.
+struct RoundShift64 {
+    __m128i count, bias, offset, unoffset;
+    explicit RoundShift64(int sf)
+        : count(_mm_cvtsi32_si128(sf)),
+          bias(_mm_set1_epi64x((int64_t(1) << (sf - 1)) - 1)),
+          offset(_mm_set1_epi64x(INT64_MIN)),
+          unoffset(_mm_set1_epi64x(int64_t(uint64_t(1) << (63 - sf)))) {}
+    __m128i operator()(__m128i p) const {
+        const __m128i odd = _mm_and_si128(_mm_srl_epi64(p, count), _mm_set_epi32(0, 1, 0, 1));
+        const __m128i v = _mm_add_epi64(_mm_add_epi64(p, bias), odd);
+        return _mm_sub_epi64(_mm_srl_epi64(_mm_xor_si128(v, offset), count), unoffset);
+    }
+};
+
+template <class Run>
+void scaled32MulKernel(int sf, Run run) {
+    if (sf == 0) {
+        run([](__m128i a, __m128i b) {
+            const Products64 p = products64(a, b);
+            return saturate64(p.even, p.odd);
+        });
+    } else if (sf > 32) {
+        run([](__m128i, __m128i) { return _mm_setzero_si128(); });
+    } else if (sf > 0) {
+        const RoundShift64 round(sf);
+        run([=](__m128i a, __m128i b) {
+            const Products64 p = products64(a, b);
+            return saturate64(round(p.even), round(p.odd));
+        });
+    } else {
+        const __m128i count = _mm_cvtsi32_si128(-sf);
+        run([=](__m128i a, __m128i b) {
+            const Products64 p = products64(a, b);
+            return shiftLeftSat32(saturate64(p.even, p.odd), count);
+        });
+    }
+}
+
+template <class Op, class Run>
+void scaled32Kernel(int sf, Run run) {
+    if constexpr (std::is_same_v<Op, Mul>) scaled32MulKernel(sf, run);
+    else scaled32AddKernel<Op>(sf, run);
+}
+
+template <class Op>
+VekStatus scaled32(const Vek32s* a, const Vek32s* b, Vek32s* d, int len, int sf) {
+    if (!a || !b || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    scaled32Kernel<Op>(sf, [&](auto k) { map2(a, b, d, len, k); });
+    return StatusOk;
+}
+
+template <class Op>
+VekStatus scaled32c(const Vek32s* a, Vek32s v, Vek32s* d, int len, int sf) {
+    if (!a || !d) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    const __m128i vv = _mm_set1_epi32(v);
+    scaled32Kernel<Op>(sf, [&](auto k) { map1(a, d, len, [&](__m128i x) { return k(x, vv); }); });
+    return StatusOk;
+}
+#endif  // __SSE2__
+
+}  // namespace
+
+#endif

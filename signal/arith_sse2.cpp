@@ -1,0 +1,11 @@
+// Vector arithmetic, sse2 level: the 16-bit and 32-bit integer members with SSE2.
+// The kernels are shared with the other SIMD levels (arith_simd.h); this
+// file instantiates the members this level implements.
+#include "signal/arith_simd.h"
+#include "signal/arith_exports.h"
+
+namespace vek::sse2 {
+VEK_ARITH_16S_MEMBERS
+VEK_ARITH_32S_ADD_MEMBERS
+VEK_ARITH_32S_MUL_MEMBERS
+}  // namespace vek::sse2
