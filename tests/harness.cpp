@@ -1,0 +1,105 @@
+// The shared state of the differential harness and the tests that walk the
+// export list: every export has a differential case, and every case runs.
+#include "harness.h"
+
+#include <stdlib.h>
+
+#include <set>
+#include <string>
+
+namespace vektest {
+
+bool lightProfile() {
+    static const bool light = [] {
+        const char* p = getenv("VEK_TEST_PROFILE");
+        return p && std::string(p) == "light";
+    }();
+    return light;
+}
+
+int rounds(int full) { return lightProfile() ? (full + 9) / 10 : full; }
+
+const std::vector<int>& availableLevels() {
+    static const std::vector<int> levels = [] {
+        std::vector<int> v;
+        for (int level = 0; level < vek::kLevelCount; ++level)
+            if (vek::processorSupportsLevel(level)) v.push_back(level);
+        return v;
+    }();
+    return levels;
+}
+
+const std::vector<int>& testLengths() {
+    static const std::vector<int> lengths = [] {
+        std::vector<int> v;
+        for (int n = 1; n <= 40; ++n) v.push_back(n);
+        for (int n : {63, 64, 65, 127, 128, 129, 255, 256, 257, 1000, 4099}) v.push_back(n);
+        return v;
+    }();
+    return lengths;
+}
+
+Rng& rng() {
+    static Rng r(20261123);
+    return r;
+}
+
+std::vector<DiffCase>& diffCases() {
+    static std::vector<DiffCase> cases;
+    return cases;
+}
+
+namespace {
+
+// Every dispatched export must have a differential case, and no case may
+// name something that is not an export.
+TEST(ExportList, EveryExportHasADifferentialCase) {
+    std::set<std::string> cases;
+    for (const DiffCase& c : diffCases()) EXPECT_TRUE(cases.insert(c.exportName).second) << c.exportName;
+    std::set<std::string> exports;
+    for (int i = 0; i < vek::kExportCount; ++i) {
+        exports.insert(vek::kExports[i].name);
+        EXPECT_TRUE(cases.count(vek::kExports[i].name)) << vek::kExports[i].name << " has no differential case";
+    }
+    for (const std::string& c : cases) EXPECT_TRUE(exports.count(c)) << c << " is not in the export list";
+}
+
+// A level that shares an implementation must point at exactly that code,
+// and levels naming different namespaces must have different code.
+TEST(ExportList, TablesFollowTheSharingTheListRecords) {
+    for (int i = 0; i < vek::kExportCount; ++i) {
+        const vek::ExportInfo& e = vek::kExports[i];
+        for (int a = 0; a < vek::kLevelCount; ++a) {
+            ASSERT_NE(e.table[a], nullptr) << e.name;
+            for (int b = 0; b < a; ++b) {
+                const bool sameImpl = std::string(e.levelImpl[a]) == e.levelImpl[b];
+                EXPECT_EQ(sameImpl, e.table[a] == e.table[b]) << e.name << " levels " << b << " and " << a;
+            }
+        }
+        // A level never uses code written for a higher one.
+        static const char* const order[] = {"plain", "sse", "sse2", "sse3", "ssse3", "sse41"};
+        for (int level = 0; level < vek::kLevelCount; ++level) {
+            int owner = -1;
+            for (int k = 0; k < vek::kLevelCount; ++k)
+                if (std::string(order[k]) == e.levelImpl[level]) owner = k;
+            EXPECT_LE(owner, level) << e.name << " level " << level << " uses " << e.levelImpl[level];
+            EXPECT_GE(owner, 0) << e.name;
+        }
+    }
+}
+
+class Differential : public ::testing::TestWithParam<int> {};
+
+TEST_P(Differential, AllLevelsMatchLevelZero) {
+    const DiffCase& c = diffCases()[GetParam()];
+    SCOPED_TRACE(c.exportName);
+    c.run();
+}
+
+INSTANTIATE_TEST_SUITE_P(Exports, Differential, ::testing::Range(0, static_cast<int>(diffCases().size())),
+                         [](const ::testing::TestParamInfo<int>& info) {
+                             return std::string(diffCases()[info.param].exportName);
+                         });
+
+}  // namespace
+}  // namespace vektest
