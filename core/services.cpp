@@ -37,17 +37,17 @@ uint64_t readTsc() {
     return (static_cast<uint64_t>(hi) << 32) | lo;
 }
 
-uint32_t readMxcsr() {
+__attribute__((noinline)) uint32_t readMxcsr() {
     uint32_t v;
     asm volatile("stmxcsr %0" : "=m"(v));
     return v;
 }
 
-void writeMxcsr(uint32_t v) { asm volatile("ldmxcsr %0" : : "m"(v)); }
+__attribute__((noinline)) void writeMxcsr(uint32_t v) { asm volatile("ldmxcsr %0" : : "m"(v)); }
 
 // Bits of MXCSR this processor accepts, from the FXSAVE image (0 in the
 // image means the original default mask 0xFFBF, without DAZ).
-uint32_t mxcsrMask() {
+__attribute__((noinline)) uint32_t mxcsrMask() {
     alignas(16) unsigned char area[512] = {};
     asm volatile("fxsave %0" : "=m"(area));
     uint32_t mask = area[28] | (area[29] << 8) | (area[30] << 16) | (static_cast<uint32_t>(area[31]) << 24);

@@ -1,11 +1,11 @@
 // Vector arithmetic kernels for the SSE levels, one template per algorithm.
 //
 // Included by each SIMD level's translation unit inside that level's
-// namespace; everything here has internal linkage (unnamed namespace), so
-// each level gets its own copy built with its own instruction set and none
-// can leak into another.  What the level may use is read from the
-// compiler's own macros: __SSE2__ enables the integer kernels, __SSE4_1__
-// the signed 32x32->64 multiply.
+// namespace, after the intrinsics headers; everything here also has
+// internal linkage (unnamed namespace), so each level gets its own copy
+// built with its own instruction set and none can leak into another.  What
+// the level may use is read from the compiler's own macros: __SSE2__
+// enables the integer kernels, __SSE4_1__ the signed 32x32->64 multiply.
 //
 // Tails shorter than a vector go through a small stack block, so no load
 // reads past the caller's arrays and every element takes the same path.
@@ -14,20 +14,6 @@
 //   r = (s + 2^(sf-1) - 1 + ((s >> sf) & 1)) >> sf, then saturate.
 #ifndef VEK_SIGNAL_ARITH_SIMD_H
 #define VEK_SIGNAL_ARITH_SIMD_H
-
-#include <stdint.h>
-#include <string.h>
-
-#include <type_traits>
-#include <xmmintrin.h>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
-#ifdef __SSE4_1__
-#include <smmintrin.h>
-#endif
-
-#include "core/dispatch.h"
 
 namespace {
 

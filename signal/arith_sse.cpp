@@ -1,9 +1,17 @@
 // Vector arithmetic, sse level: the float members with packed SSE.
 // The kernels are shared with the other SIMD levels (arith_simd.h); this
-// file instantiates the members this level implements.
-#include "signal/arith_simd.h"
+// file instantiates them for this level and defines its members.
+#include <immintrin.h>
+#include <stdint.h>
+#include <string.h>
+
+#include <type_traits>
+
+#include "core/dispatch.h"
 #include "signal/arith_exports.h"
 
 namespace vek::sse {
+#include "signal/arith_simd.h"
+
 VEK_ARITH_FLOAT_MEMBERS
 }  // namespace vek::sse
