@@ -28,5 +28,9 @@ write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/VekConfigVersion.cm
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VekConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/VekConfigVersion.cmake
   DESTINATION ${VEK_CMAKE_DIR})
 
+# vek.pc locates the prefix from its own place, so the installed tree can
+# be moved (or installed with --prefix) and still be found.
+file(RELATIVE_PATH VEK_PC_TO_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" VEK_PC_TO_PREFIX "${VEK_PC_TO_PREFIX}")
 configure_file(cmake/vek.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vek.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vek.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

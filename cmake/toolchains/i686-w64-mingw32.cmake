@@ -2,8 +2,10 @@
 # gcc-mingw-w64-i686 and g++-mingw-w64-i686).  Test programs run under Wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
-set(CMAKE_C_COMPILER i686-w64-mingw32-gcc)
-set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++)
+# The posix-thread variants provide std::mutex, which GoogleTest needs; the
+# library itself uses no threads.
+find_program(CMAKE_C_COMPILER NAMES i686-w64-mingw32-gcc-posix i686-w64-mingw32-gcc REQUIRED)
+find_program(CMAKE_CXX_COMPILER NAMES i686-w64-mingw32-g++-posix i686-w64-mingw32-g++ REQUIRED)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 set(CMAKE_C_COMPILER_TARGET i686-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32)

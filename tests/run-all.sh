@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# Builds and runs every test: the native suite, the sanitizer suite, the
+# i686 Linux build with its emulated-processor matrix, and the i686 Windows
+# DLL with its checks (and its test programs under Wine where this machine
+# can run 32-bit programs).  Cross builds are skipped, and said so, when
+# their toolchains are not installed.  Ends with a "N passed, N failed" line.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+jobs=$(nproc 2>/dev/null || echo 2)
+passed=0 failed=0 skipped=0
+results=()
+
+step() {  # step NAME COMMAND...
+  local name=$1; shift
+  echo; echo "=== $name"
+  if "$@"; then passed=$((passed + 1)); results+=("passed   $name")
+  else failed=$((failed + 1)); results+=("FAILED   $name"); fi
+}
+skip() { skipped=$((skipped + 1)); results+=("skipped  $1: $2"); echo; echo "=== $1: skipped ($2)"; }
+
+build() {  # build PRESET
+  cmake --preset "$1" >/dev/null && cmake --build --preset "$1" -j "$jobs"
+}
+
+# Whether this machine runs 32-bit x86 programs itself (not every kernel
+# does; QEMU covers the i686 Linux tests, but Wine needs the real thing).
+runs_i386_natively() {
+  [ -e /proc/sys/fs/binfmt_misc/qemu-i386 ] && return 1
+  [ -x build/i686-linux/tests/vek_tests ] && build/i686-linux/tests/vek_tests --gtest_list_tests >/dev/null 2>&1
+}
+
+# ---- native x86-64 ------------------------------------------------------------
+step "native build" build native
+step "native tests" ctest --preset native -j "$jobs"
+step "install and use the package" bash tests/check_install.sh build/native
+
+# ---- sanitizers ------------------------------------------------------------------
+step "sanitizer build" build sanitize
+step "sanitizer tests" env ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+  ctest --preset sanitize -j "$jobs"
+
+# ---- i686 Linux -----------------------------------------------------------------
+if g++ -m32 -x c++ -o /dev/null - <<<'int main(){}' >/dev/null 2>&1 && command -v qemu-i386 >/dev/null; then
+  step "i686 Linux build" build i686-linux
+  step "i686 Linux tests (qemu-i386)" ctest --preset i686-linux
+  step "emulated-processor matrix" bash tests/run-emulated.sh build/i686-linux
+else
+  skip "i686 Linux" "needs gcc-multilib, g++-multilib and qemu-user"
+fi
+
+# ---- i686 Windows ----------------------------------------------------------------
+if command -v i686-w64-mingw32-g++ >/dev/null; then
+  step "i686 Windows DLL build" build i686-windows
+  step "i686 Windows DLL checks" ctest --preset i686-windows -R 'entry_stubs|instruction_sets'
+  if command -v wine >/dev/null && runs_i386_natively; then
+    export WINEDEBUG=-all WINEPREFIX="${WINEPREFIX:-$PWD/build/wineprefix}"
+    step "i686 Windows tests (Wine)" ctest --preset i686-windows -E 'entry_stubs|instruction_sets'
+  else
+    skip "i686 Windows tests (Wine)" "this kernel cannot run 32-bit x86 programs, which 32-bit Wine needs"
+  fi
+else
+  skip "i686 Windows" "needs gcc-mingw-w64-i686 and g++-mingw-w64-i686"
+fi
+
+echo; echo "=== summary"
+printf '  %s\n' "${results[@]}"
+echo "$passed passed, $failed failed, $skipped skipped"
+[ "$failed" -eq 0 ]
