@@ -234,11 +234,6 @@ struct Halves32<SubC> {  // a - b
         return select(overflow, signSat32(a), r);
     }
 };
-template <>
-struct Halves32<Sub> {  // src2 - src1
-    static __m128i half(__m128i a, __m128i b) { return Halves32<SubC>::half(b, a); }
-    static __m128i saturated(__m128i a, __m128i b) { return Halves32<SubC>::saturated(b, a); }
-};
 
 // round(s / 2^sf) for s = 2h + l and sf in 1..32, from
 //   q = h >> (sf-1), m = h mod 2^(sf-1), t = q & 1,
@@ -262,22 +257,69 @@ struct HalfRound {
     }
 };
 
+// For 2 <= sf <= 30 the shift splits over the operands: with x = X 2^sf + x_lo,
+//   r = (A +- B) + ((a_lo +- b_lo + 2^(sf-1) - 1 + t) >> sf),
+// where t, bit sf of the exact result, is bit sf of the wrapped 32-bit
+// result.  The low sum stays below 2^32 (sum) or 2^31 in magnitude
+// (difference), and r needs no saturation.
+template <class Op>
+struct SplitRound;
+template <>
+struct SplitRound<Add> {
+    static __m128i wrapped(__m128i a, __m128i b) { return _mm_add_epi32(a, b); }
+    static __m128i combine(__m128i a, __m128i b) { return _mm_add_epi32(a, b); }
+    static __m128i shiftLow(__m128i v, __m128i count) { return _mm_srl_epi32(v, count); }  // v >= 0
+};
+template <>
+struct SplitRound<SubC> {
+    static __m128i wrapped(__m128i a, __m128i b) { return _mm_sub_epi32(a, b); }
+    static __m128i combine(__m128i a, __m128i b) { return _mm_sub_epi32(a, b); }
+    static __m128i shiftLow(__m128i v, __m128i count) { return _mm_sra_epi32(v, count); }
+};
+
+template <class Op>
+struct Operands32 {  // Sub is SubC with its operands swapped
+    static __m128i first(__m128i a, __m128i) { return a; }
+    static __m128i second(__m128i, __m128i b) { return b; }
+};
+template <>
+struct Operands32<Sub> {
+    static __m128i first(__m128i, __m128i b) { return b; }
+    static __m128i second(__m128i a, __m128i) { return a; }
+};
+
 template <class Op, class Run>
 void scaled32AddKernel(int sf, Run run) {
-    using H = Halves32<Op>;
+    using X = Operands32<Op>;
+    using Base = std::conditional_t<std::is_same_v<Op, Add>, Add, SubC>;
+    using H = Halves32<Base>;
+    using S = SplitRound<Base>;
     if (sf == 0) {
-        run([](__m128i a, __m128i b) { return H::saturated(a, b); });
+        run([](__m128i a, __m128i b) { return H::saturated(X::first(a, b), X::second(a, b)); });
     } else if (sf > 32) {
         run([](__m128i, __m128i) { return _mm_setzero_si128(); });
-    } else if (sf > 0) {
+    } else if (sf >= 2 && sf <= 30) {
+        const __m128i count = _mm_cvtsi32_si128(sf), mask = _mm_set1_epi32((1 << sf) - 1);
+        const __m128i bias = _mm_set1_epi32((1 << (sf - 1)) - 1), one = _mm_set1_epi32(1);
+        run([=](__m128i a, __m128i b) {
+            const __m128i x = X::first(a, b), y = X::second(a, b);
+            const __m128i t = _mm_and_si128(_mm_srl_epi32(S::wrapped(x, y), count), one);
+            const __m128i high = S::combine(_mm_sra_epi32(x, count), _mm_sra_epi32(y, count));
+            const __m128i low = S::combine(_mm_and_si128(x, mask), _mm_and_si128(y, mask));
+            return _mm_add_epi32(high, S::shiftLow(_mm_add_epi32(_mm_add_epi32(low, bias), t), count));
+        });
+    } else if (sf > 0) {  // 1, 31 and 32: through the halves, with saturation
         const HalfRound round(sf);
         run([=](__m128i a, __m128i b) {
-            const __m128i l = _mm_and_si128(_mm_xor_si128(a, b), _mm_set1_epi32(1));
-            return round(H::half(a, b), l);
+            const __m128i x = X::first(a, b), y = X::second(a, b);
+            const __m128i l = _mm_and_si128(_mm_xor_si128(x, y), _mm_set1_epi32(1));
+            return round(H::half(x, y), l);
         });
     } else {
         const __m128i count = _mm_cvtsi32_si128(-sf);
-        run([=](__m128i a, __m128i b) { return shiftLeftSat32(H::saturated(a, b), count); });
+        run([=](__m128i a, __m128i b) {
+            return shiftLeftSat32(H::saturated(X::first(a, b), X::second(a, b)), count);
+        });
     }
 }
 
@@ -288,7 +330,7 @@ struct Products64 {
     __m128i even, odd;
 };
 inline Products64 products64(__m128i a, __m128i b) {
-    const __m128i aOdd = _mm_srli_epi64(a, 32), bOdd = _mm_srli_epi64(b, 32);
+    const __m128i aOdd = _mm_shuffle_epi32(a, 0xF5), bOdd = _mm_shuffle_epi32(b, 0xF5);
 #ifdef __SSE4_1__
     return {_mm_mul_epi32(a, b), _mm_mul_epi32(aOdd, bOdd)};
 #else
@@ -302,30 +344,36 @@ inline Products64 products64(__m128i a, __m128i b) {
 #endif
 }
 
-// Saturates the 64-bit lanes of even/odd back to four 32-bit lanes in
-// element order.
-inline __m128i saturate64(__m128i even, __m128i odd) {
-    const __m128i loMask = _mm_set_epi32(0, -1, 0, -1);
-    const __m128i lo = _mm_or_si128(_mm_and_si128(even, loMask), _mm_slli_epi64(odd, 32));
-    const __m128i hi = _mm_or_si128(_mm_srli_epi64(even, 32), _mm_andnot_si128(loMask, odd));
+// Four results from the 64-bit lanes of the even and odd products.  The low
+// dwords of y hold the results' low 32 bits; the high dwords of g hold the
+// bits above them, sign-extended, so a result fits when they equal the sign
+// of its low part.  Lanes are gathered as elements 0, 2, 1, 3 and put back
+// in order at the end.
+inline __m128i saturateTo32(__m128i yEven, __m128i yOdd, __m128i gEven, __m128i gOdd) {
+    const __m128i lo = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(yEven), _mm_castsi128_ps(yOdd), 0x88));
+    const __m128i hi = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(gEven), _mm_castsi128_ps(gOdd), 0xDD));
     const __m128i fits = _mm_cmpeq_epi32(hi, _mm_srai_epi32(lo, 31));
-    return select(fits, lo, signSat32(hi));
+    return _mm_shuffle_epi32(select(fits, lo, signSat32(hi)), 0xD8);
 }
+inline __m128i saturate64(__m128i even, __m128i odd) { return saturateTo32(even, odd, even, odd); }
 
-// Ties-to-even arithmetic shift of 64-bit lanes by sf in 1..32; |p| < 2^62,
-// so adding the bias cannot overflow.  SSE has no 64-bit arithmetic shift:
-// offset by 2^63, shift logically, remove the shifted offset.
+// Ties-to-even shift of the 64-bit products by sf in 1..32, saturated to
+// 32 bits.  |p| < 2^62, so adding the bias cannot overflow.  A logical
+// shift gives the right low 32 bits (sf <= 32); the bits above them, for
+// the saturation test, come from an arithmetic shift of the high dword.
 struct RoundShift64 {
-    __m128i count, bias, offset, unoffset;
+    __m128i count, countHigh, bias;
     explicit RoundShift64(int sf)
-        : count(_mm_cvtsi32_si128(sf)),
-          bias(_mm_set1_epi64x((int64_t(1) << (sf - 1)) - 1)),
-          offset(_mm_set1_epi64x(INT64_MIN)),
-          unoffset(_mm_set1_epi64x(int64_t(uint64_t(1) << (63 - sf)))) {}
-    __m128i operator()(__m128i p) const {
+        : count(_mm_cvtsi32_si128(sf)), countHigh(_mm_cvtsi32_si128(sf - 1)),
+          bias(_mm_set1_epi64x((int64_t(1) << (sf - 1)) - 1)) {}
+    __m128i rounded(__m128i p) const {
         const __m128i odd = _mm_and_si128(_mm_srl_epi64(p, count), _mm_set_epi32(0, 1, 0, 1));
-        const __m128i v = _mm_add_epi64(_mm_add_epi64(p, bias), odd);
-        return _mm_sub_epi64(_mm_srl_epi64(_mm_xor_si128(v, offset), count), unoffset);
+        return _mm_add_epi64(_mm_add_epi64(p, bias), odd);
+    }
+    __m128i operator()(const Products64& p) const {
+        const __m128i even = rounded(p.even), odd = rounded(p.odd);
+        return saturateTo32(_mm_srl_epi64(even, count), _mm_srl_epi64(odd, count), _mm_sra_epi32(even, countHigh),
+                            _mm_sra_epi32(odd, countHigh));
     }
 };
 
@@ -340,10 +388,7 @@ void scaled32MulKernel(int sf, Run run) {
         run([](__m128i, __m128i) { return _mm_setzero_si128(); });
     } else if (sf > 0) {
         const RoundShift64 round(sf);
-        run([=](__m128i a, __m128i b) {
-            const Products64 p = products64(a, b);
-            return saturate64(round(p.even), round(p.odd));
-        });
+        run([=](__m128i a, __m128i b) { return round(products64(a, b)); });
     } else {
         const __m128i count = _mm_cvtsi32_si128(-sf);
         run([=](__m128i a, __m128i b) {
