@@ -7,6 +7,8 @@
 #include <stdint.h>
 #include <string.h>
 
+#include <type_traits>
+
 #include "core/dispatch.h"
 #include "signal/arith_exports.h"
 
@@ -45,35 +47,30 @@ struct Add { template <class W> static W op(W a, W b) { return a + b; } };
 struct Sub { template <class W> static W op(W a, W b) { return b - a; } };
 struct Mul { template <class W> static W op(W a, W b) { return a * b; } };
 
-template <class Op>
-VekStatus scaled16(const Vek16s* a, const Vek16s* b, Vek16s* d, int len, int sf) {
+// The exact result of an element: 32 bits hold it for 16-bit data, 64 bits
+// for 32-bit data (the full product included).
+template <class T>
+using Exact = std::conditional_t<sizeof(T) == 2, int32_t, int64_t>;
+
+template <class T>
+T scaleTo(Exact<T> s, int sf) {
+    if constexpr (sizeof(T) == 2) return scale16(s, sf);
+    else return scale32(s, sf);
+}
+
+template <class T, class Op>
+VekStatus scaled(const T* a, const T* b, T* d, int len, int sf) {
     if (!a || !b || !d) return StatusNullPointer;
     if (len < 1) return StatusSize;
-    for (int i = 0; i < len; ++i) d[i] = scale16(Op::op(int32_t(a[i]), int32_t(b[i])), sf);
+    for (int i = 0; i < len; ++i) d[i] = scaleTo<T>(Op::op(Exact<T>(a[i]), Exact<T>(b[i])), sf);
     return StatusOk;
 }
 
-template <class Op>
-VekStatus scaled16c(const Vek16s* a, Vek16s v, Vek16s* d, int len, int sf) {
+template <class T, class Op>
+VekStatus scaledConst(const T* a, T v, T* d, int len, int sf) {
     if (!a || !d) return StatusNullPointer;
     if (len < 1) return StatusSize;
-    for (int i = 0; i < len; ++i) d[i] = scale16(Op::op(int32_t(a[i]), int32_t(v)), sf);
-    return StatusOk;
-}
-
-template <class Op>
-VekStatus scaled32(const Vek32s* a, const Vek32s* b, Vek32s* d, int len, int sf) {
-    if (!a || !b || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    for (int i = 0; i < len; ++i) d[i] = scale32(Op::op(int64_t(a[i]), int64_t(b[i])), sf);
-    return StatusOk;
-}
-
-template <class Op>
-VekStatus scaled32c(const Vek32s* a, Vek32s v, Vek32s* d, int len, int sf) {
-    if (!a || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    for (int i = 0; i < len; ++i) d[i] = scale32(Op::op(int64_t(a[i]), int64_t(v)), sf);
+    for (int i = 0; i < len; ++i) d[i] = scaleTo<T>(Op::op(Exact<T>(a[i]), Exact<T>(v)), sf);
     return StatusOk;
 }
 

@@ -187,23 +187,6 @@ void scaled16Kernel(int sf, Run run) {
     }
 }
 
-template <class Op>
-VekStatus scaled16(const Vek16s* a, const Vek16s* b, Vek16s* d, int len, int sf) {
-    if (!a || !b || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    scaled16Kernel<Op>(sf, [&](auto k) { map2(a, b, d, len, k); });
-    return StatusOk;
-}
-
-template <class Op>
-VekStatus scaled16c(const Vek16s* a, Vek16s v, Vek16s* d, int len, int sf) {
-    if (!a || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    const __m128i vv = _mm_set1_epi16(v);
-    scaled16Kernel<Op>(sf, [&](auto k) { map1(a, d, len, [&](__m128i x) { return k(x, vv); }); });
-    return StatusOk;
-}
-
 // ---- 32-bit sums and differences ------------------------------------------
 // The exact 33-bit result s is carried as s = 2h + l, h in 32 bits and l
 // the low bit, so every step stays in 32-bit lanes.
@@ -398,26 +381,31 @@ void scaled32MulKernel(int sf, Run run) {
     }
 }
 
-template <class Op, class Run>
-void scaled32Kernel(int sf, Run run) {
-    if constexpr (std::is_same_v<Op, Mul>) scaled32MulKernel(sf, run);
+// The members: pick the kernel for the element type and scale factor once,
+// then run it over two arrays or an array and a constant.
+template <class T, class Op, class Run>
+void scaledKernel(int sf, Run run) {
+    if constexpr (sizeof(T) == 2) scaled16Kernel<Op>(sf, run);
+    else if constexpr (std::is_same_v<Op, Mul>) scaled32MulKernel(sf, run);
     else scaled32AddKernel<Op>(sf, run);
 }
+inline __m128i broadcast(Vek16s v) { return _mm_set1_epi16(v); }
+inline __m128i broadcast(Vek32s v) { return _mm_set1_epi32(v); }
 
-template <class Op>
-VekStatus scaled32(const Vek32s* a, const Vek32s* b, Vek32s* d, int len, int sf) {
+template <class T, class Op>
+VekStatus scaled(const T* a, const T* b, T* d, int len, int sf) {
     if (!a || !b || !d) return StatusNullPointer;
     if (len < 1) return StatusSize;
-    scaled32Kernel<Op>(sf, [&](auto k) { map2(a, b, d, len, k); });
+    scaledKernel<T, Op>(sf, [&](auto k) { map2(a, b, d, len, k); });
     return StatusOk;
 }
 
-template <class Op>
-VekStatus scaled32c(const Vek32s* a, Vek32s v, Vek32s* d, int len, int sf) {
+template <class T, class Op>
+VekStatus scaledConst(const T* a, T v, T* d, int len, int sf) {
     if (!a || !d) return StatusNullPointer;
     if (len < 1) return StatusSize;
-    const __m128i vv = _mm_set1_epi32(v);
-    scaled32Kernel<Op>(sf, [&](auto k) { map1(a, d, len, [&](__m128i x) { return k(x, vv); }); });
+    const __m128i vv = broadcast(v);
+    scaledKernel<T, Op>(sf, [&](auto k) { map1(a, d, len, [&](__m128i x) { return k(x, vv); }); });
     return StatusOk;
 }
 #endif  // __SSE2__
