@@ -313,7 +313,7 @@ struct Products64 {
     __m128i even, odd;
 };
 inline Products64 products64(__m128i a, __m128i b) {
-    const __m128i aOdd = _mm_shuffle_epi32(a, 0xF5), bOdd = _mm_shuffle_epi32(b, 0xF5);
+    const __m128i aOdd = _mm_srli_epi64(a, 32), bOdd = _mm_srli_epi64(b, 32);
 #ifdef __SSE4_1__
     return {_mm_mul_epi32(a, b), _mm_mul_epi32(aOdd, bOdd)};
 #else
@@ -330,13 +330,21 @@ inline Products64 products64(__m128i a, __m128i b) {
 // Four results from the 64-bit lanes of the even and odd products.  The low
 // dwords of y hold the results' low 32 bits; the high dwords of g hold the
 // bits above them, sign-extended, so a result fits when they equal the sign
-// of its low part.  Lanes are gathered as elements 0, 2, 1, 3 and put back
-// in order at the end.
+// of its low part.
 inline __m128i saturateTo32(__m128i yEven, __m128i yOdd, __m128i gEven, __m128i gOdd) {
+#ifdef __SSE4_1__
+    // Blends and shifts: no shuffle-port traffic.
+    const __m128i lo = _mm_blend_epi16(yEven, _mm_slli_epi64(yOdd, 32), 0xCC);
+    const __m128i hi = _mm_blend_epi16(_mm_srli_epi64(gEven, 32), gOdd, 0xCC);
+    const __m128i fits = _mm_cmpeq_epi32(hi, _mm_srai_epi32(lo, 31));
+    return select(fits, lo, signSat32(hi));
+#else
+    // Gathered as elements 0, 2, 1, 3 and put back in order at the end.
     const __m128i lo = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(yEven), _mm_castsi128_ps(yOdd), 0x88));
     const __m128i hi = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(gEven), _mm_castsi128_ps(gOdd), 0xDD));
     const __m128i fits = _mm_cmpeq_epi32(hi, _mm_srai_epi32(lo, 31));
     return _mm_shuffle_epi32(select(fits, lo, signSat32(hi)), 0xD8);
+#endif
 }
 inline __m128i saturate64(__m128i even, __m128i odd) { return saturateTo32(even, odd, even, odd); }
 
@@ -405,7 +413,7 @@ VekStatus scaledConst(const T* a, T v, T* d, int len, int sf) {
     if (!a || !d) return StatusNullPointer;
     if (len < 1) return StatusSize;
     const __m128i vv = broadcast(v);
-    scaledKernel<T, Op>(sf, [&](auto k) { map1(a, d, len, [&](__m128i x) { return k(x, vv); }); });
+    scaledKernel<T, Op>(sf, [&](auto k) { map1(a, d, len, [k, vv](__m128i x) { return k(x, vv); }); });
     return StatusOk;
 }
 #endif  // __SSE2__
