@@ -74,100 +74,75 @@ void forShapes(const std::function<void(int len, int sf, int offset)>& body) {
     }
 }
 
-// (src1, src2, dst, len[, sf])
+// One call of any member: the function type says which arguments it takes.
+#define VEK_INVOKE(params, ...)                                                              \
+    template <class T>                                                                       \
+    int invoke(VekStatus(VEK_CALL* f) params, const T* a, const T* b, T v, T* out, int len, int sf) { \
+        (void)a, (void)b, (void)v, (void)sf;                                                 \
+        return f(__VA_ARGS__);                                                               \
+    }
+VEK_INVOKE((const T*, const T*, T*, int, int), a, b, out, len, sf)   // (src1, src2, dst, len, sf)
+VEK_INVOKE((const T*, const T*, T*, int), a, b, out, len)            // (src1, src2, dst, len)
+VEK_INVOKE((const T*, T*, int, int), a, out, len, sf)                // (src, srcDst, len, sf)
+VEK_INVOKE((const T*, T*, int), a, out, len)                         // (src, srcDst, len)
+VEK_INVOKE((const T*, T, T*, int, int), a, v, out, len, sf)          // (src, value, dst, len, sf)
+VEK_INVOKE((const T*, T, T*, int), a, v, out, len)                   // (src, value, dst, len)
+VEK_INVOKE((T, T*, int, int), v, out, len, sf)                       // (value, srcDst, len, sf)
+VEK_INVOKE((T, T*, int), v, out, len)                                // (value, srcDst, len)
+#undef VEK_INVOKE
+
+// Random inputs and a random starting output (the in-place members read
+// it), misaligned starts, every length and scale factor.
 template <class T, class Fn>
-void diffBinary(const Fn* table) {
+void diffArith(const Fn* table) {
     forShapes<T>([&](int len, int sf, int off) {
         InputArray<T> a(len, off), b(len, (off + 3) % 8);
         fillRandom(a.data(), len);
         fillRandom(b.data(), len);
-        GuardedArray<T> out(len, off);
-        compareLevels(out, std::vector<T>(len), [&](int level) {
-            if constexpr (std::is_floating_point_v<T>) return table[level](a.data(), b.data(), out.data(), len);
-            else return table[level](a.data(), b.data(), out.data(), len, sf);
-        }, describe(len, sf, off));
-    });
-}
-
-// (src, srcDst, len[, sf])
-template <class T, class Fn>
-void diffInPlace(const Fn* table) {
-    forShapes<T>([&](int len, int sf, int off) {
-        InputArray<T> a(len, off);
-        fillRandom(a.data(), len);
-        GuardedArray<T> io(len, (off + 5) % 8);
-        compareLevels(io, randomVector<T>(len), [&](int level) {
-            if constexpr (std::is_floating_point_v<T>) return table[level](a.data(), io.data(), len);
-            else return table[level](a.data(), io.data(), len, sf);
-        }, describe(len, sf, off));
-    });
-}
-
-// (src, value, dst, len[, sf])
-template <class T, class Fn>
-void diffConst(const Fn* table) {
-    forShapes<T>([&](int len, int sf, int off) {
-        InputArray<T> a(len, off);
-        fillRandom(a.data(), len);
         const T v = randomValue<T>();
-        GuardedArray<T> out(len, (off + 1) % 8);
-        compareLevels(out, std::vector<T>(len), [&](int level) {
-            if constexpr (std::is_floating_point_v<T>) return table[level](a.data(), v, out.data(), len);
-            else return table[level](a.data(), v, out.data(), len, sf);
+        GuardedArray<T> out(len, (off + 5) % 8);
+        compareLevels(out, randomVector<T>(len), [&](int level) {
+            return invoke<T>(table[level], a.data(), b.data(), v, out.data(), len, sf);
         }, describe(len, sf, off) + " value " + std::to_string(+v));
     });
 }
 
-// (value, srcDst, len[, sf])
-template <class T, class Fn>
-void diffConstInPlace(const Fn* table) {
-    forShapes<T>([&](int len, int sf, int off) {
-        const T v = randomValue<T>();
-        GuardedArray<T> io(len, off);
-        compareLevels(io, randomVector<T>(len), [&](int level) {
-            if constexpr (std::is_floating_point_v<T>) return table[level](v, io.data(), len);
-            else return table[level](v, io.data(), len, sf);
-        }, describe(len, sf, off) + " value " + std::to_string(+v));
-    });
-}
+#define VEK_ARITH_DIFF(name, T) VEK_DIFF_CASE(name, [] { diffArith<T>(vekTable_##name); })
 
-#define VEK_ARITH_DIFF(name, shape, T) \
-    VEK_DIFF_CASE(name, [] { shape<T>(vekTable_##name); })
-
-VEK_ARITH_DIFF(veksAdd_16s_Sfs, diffBinary, Vek16s);
-VEK_ARITH_DIFF(veksAdd_16s_ISfs, diffInPlace, Vek16s);
-VEK_ARITH_DIFF(veksAdd_32s_Sfs, diffBinary, Vek32s);
-VEK_ARITH_DIFF(veksAdd_32s_ISfs, diffInPlace, Vek32s);
-VEK_ARITH_DIFF(veksAdd_32f, diffBinary, Vek32f);
-VEK_ARITH_DIFF(veksAdd_32f_I, diffInPlace, Vek32f);
-VEK_ARITH_DIFF(veksSub_16s_Sfs, diffBinary, Vek16s);
-VEK_ARITH_DIFF(veksSub_16s_ISfs, diffInPlace, Vek16s);
-VEK_ARITH_DIFF(veksSub_32s_Sfs, diffBinary, Vek32s);
-VEK_ARITH_DIFF(veksSub_32s_ISfs, diffInPlace, Vek32s);
-VEK_ARITH_DIFF(veksSub_32f, diffBinary, Vek32f);
-VEK_ARITH_DIFF(veksSub_32f_I, diffInPlace, Vek32f);
-VEK_ARITH_DIFF(veksMul_32s_Sfs, diffBinary, Vek32s);
-VEK_ARITH_DIFF(veksMul_32s_ISfs, diffInPlace, Vek32s);
-VEK_ARITH_DIFF(veksMul_32f, diffBinary, Vek32f);
-VEK_ARITH_DIFF(veksMul_32f_I, diffInPlace, Vek32f);
-VEK_ARITH_DIFF(veksAddC_16s_Sfs, diffConst, Vek16s);
-VEK_ARITH_DIFF(veksAddC_16s_ISfs, diffConstInPlace, Vek16s);
-VEK_ARITH_DIFF(veksAddC_32s_Sfs, diffConst, Vek32s);
-VEK_ARITH_DIFF(veksAddC_32s_ISfs, diffConstInPlace, Vek32s);
-VEK_ARITH_DIFF(veksAddC_32f, diffConst, Vek32f);
-VEK_ARITH_DIFF(veksAddC_32f_I, diffConstInPlace, Vek32f);
-VEK_ARITH_DIFF(veksSubC_16s_Sfs, diffConst, Vek16s);
-VEK_ARITH_DIFF(veksSubC_16s_ISfs, diffConstInPlace, Vek16s);
-VEK_ARITH_DIFF(veksSubC_32s_Sfs, diffConst, Vek32s);
-VEK_ARITH_DIFF(veksSubC_32s_ISfs, diffConstInPlace, Vek32s);
-VEK_ARITH_DIFF(veksSubC_32f, diffConst, Vek32f);
-VEK_ARITH_DIFF(veksSubC_32f_I, diffConstInPlace, Vek32f);
-VEK_ARITH_DIFF(veksMulC_16s_Sfs, diffConst, Vek16s);
-VEK_ARITH_DIFF(veksMulC_16s_ISfs, diffConstInPlace, Vek16s);
-VEK_ARITH_DIFF(veksMulC_32s_Sfs, diffConst, Vek32s);
-VEK_ARITH_DIFF(veksMulC_32s_ISfs, diffConstInPlace, Vek32s);
-VEK_ARITH_DIFF(veksMulC_32f, diffConst, Vek32f);
-VEK_ARITH_DIFF(veksMulC_32f_I, diffConstInPlace, Vek32f);
+VEK_ARITH_DIFF(veksAdd_16s_Sfs, Vek16s);
+VEK_ARITH_DIFF(veksAdd_16s_ISfs, Vek16s);
+VEK_ARITH_DIFF(veksAdd_32s_Sfs, Vek32s);
+VEK_ARITH_DIFF(veksAdd_32s_ISfs, Vek32s);
+VEK_ARITH_DIFF(veksAdd_32f, Vek32f);
+VEK_ARITH_DIFF(veksAdd_32f_I, Vek32f);
+VEK_ARITH_DIFF(veksSub_16s_Sfs, Vek16s);
+VEK_ARITH_DIFF(veksSub_16s_ISfs, Vek16s);
+VEK_ARITH_DIFF(veksSub_32s_Sfs, Vek32s);
+VEK_ARITH_DIFF(veksSub_32s_ISfs, Vek32s);
+VEK_ARITH_DIFF(veksSub_32f, Vek32f);
+VEK_ARITH_DIFF(veksSub_32f_I, Vek32f);
+VEK_ARITH_DIFF(veksMul_32s_Sfs, Vek32s);
+VEK_ARITH_DIFF(veksMul_32s_ISfs, Vek32s);
+VEK_ARITH_DIFF(veksMul_32f, Vek32f);
+VEK_ARITH_DIFF(veksMul_32f_I, Vek32f);
+VEK_ARITH_DIFF(veksAddC_16s_Sfs, Vek16s);
+VEK_ARITH_DIFF(veksAddC_16s_ISfs, Vek16s);
+VEK_ARITH_DIFF(veksAddC_32s_Sfs, Vek32s);
+VEK_ARITH_DIFF(veksAddC_32s_ISfs, Vek32s);
+VEK_ARITH_DIFF(veksAddC_32f, Vek32f);
+VEK_ARITH_DIFF(veksAddC_32f_I, Vek32f);
+VEK_ARITH_DIFF(veksSubC_16s_Sfs, Vek16s);
+VEK_ARITH_DIFF(veksSubC_16s_ISfs, Vek16s);
+VEK_ARITH_DIFF(veksSubC_32s_Sfs, Vek32s);
+VEK_ARITH_DIFF(veksSubC_32s_ISfs, Vek32s);
+VEK_ARITH_DIFF(veksSubC_32f, Vek32f);
+VEK_ARITH_DIFF(veksSubC_32f_I, Vek32f);
+VEK_ARITH_DIFF(veksMulC_16s_Sfs, Vek16s);
+VEK_ARITH_DIFF(veksMulC_16s_ISfs, Vek16s);
+VEK_ARITH_DIFF(veksMulC_32s_Sfs, Vek32s);
+VEK_ARITH_DIFF(veksMulC_32s_ISfs, Vek32s);
+VEK_ARITH_DIFF(veksMulC_32f, Vek32f);
+VEK_ARITH_DIFF(veksMulC_32f_I, Vek32f);
 
 // ---- level 0 against the independent reference ------------------------------
 
