@@ -10,8 +10,9 @@
 set -euo pipefail
 lib=${1:?library}; list=${2:?export list}
 
-if objdump -f "$lib" 2>/dev/null | grep -q 'pei-i386\|pe-i386'; then
-  objdump=i686-w64-mingw32-objdump
+format=$(objdump -f "$lib" 2>/dev/null | sed -n 's/.*file format //p')
+if [[ $format == pei-i386 || $format == pei-x86-64 ]]; then
+  [[ $format == pei-i386 ]] && objdump=i686-w64-mingw32-objdump || objdump=x86_64-w64-mingw32-objdump
   exports=$($objdump -p "$lib" | awk '/\[Ordinal\/Name Pointer\] Table/{t=1;next} t&&/^[ \t]*\[/{print $NF} t&&/^$/{t=0}')
 else
   objdump=objdump

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Builds and runs every test: the native suite, the sanitizer suite, the
-# i686 Linux build with its emulated-processor matrix, and the i686 Windows
-# DLL with its checks (and its test programs under Wine where this machine
-# can run 32-bit programs).  Cross builds are skipped, and said so, when
-# their toolchains are not installed.  Ends with a "N passed, N failed" line.
+# i686 Linux build with its emulated-processor matrix, the i686 Windows DLL
+# with its checks (and its test programs under Wine where this machine can
+# run 32-bit programs), and an x86-64 Windows build under 64-bit Wine.
+# Cross builds are skipped, and said so, when their toolchains are not
+# installed.  Ends with a "N passed, N failed" line.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 jobs=$(nproc 2>/dev/null || echo 2)
@@ -60,6 +61,18 @@ if command -v i686-w64-mingw32-g++ >/dev/null; then
   fi
 else
   skip "i686 Windows" "needs gcc-mingw-w64-i686 and g++-mingw-w64-i686"
+fi
+
+# ---- x86-64 Windows under 64-bit Wine -----------------------------------------------
+# The same Windows code (DllMain, the PE exports, the C runtime) in a build
+# that 64-bit Wine runs on any x86-64 kernel.
+wine64=$(command -v wine64 || ls /usr/lib/wine/wine64 2>/dev/null || true)
+if command -v x86_64-w64-mingw32-g++ >/dev/null && [ -n "$wine64" ]; then
+  step "x86-64 Windows DLL build" build x86_64-windows
+  step "x86-64 Windows tests (Wine)" env WINEDEBUG=-all WINEPREFIX="$PWD/build/wineprefix64" \
+    ctest --preset x86_64-windows
+else
+  skip "x86-64 Windows tests (Wine)" "needs gcc-mingw-w64-x86-64, g++-mingw-w64-x86-64 and wine64"
 fi
 
 echo; echo "=== summary"
