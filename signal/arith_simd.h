@@ -224,16 +224,14 @@ struct Halves32<SubC> {  // a - b
 // where the last term is 0 or 1; q + 1 wraps only at sf = 1, h = 2^31-1,
 // which saturates.
 struct HalfRound {
-    __m128i shift, mask, bias;
+    __m128i shift, low;  // sf - 1, and 2^(sf-1) - 1: both the mask of m and the bias
     explicit HalfRound(int sf)
-        : shift(_mm_cvtsi32_si128(sf - 1)),
-          mask(_mm_set1_epi32(static_cast<int>((uint32_t(1) << (sf - 1)) - 1))),
-          bias(_mm_set1_epi32(static_cast<int>((uint32_t(1) << (sf - 1)) - 1))) {}
+        : shift(_mm_cvtsi32_si128(sf - 1)), low(_mm_set1_epi32(static_cast<int>((uint32_t(1) << (sf - 1)) - 1))) {}
     __m128i operator()(__m128i h, __m128i l) const {
         const __m128i one = _mm_set1_epi32(1);
         const __m128i q = _mm_sra_epi32(h, shift);
-        const __m128i m = _mm_and_si128(h, mask);
-        const __m128i c = _mm_add_epi32(_mm_add_epi32(l, bias), _mm_and_si128(q, one));
+        const __m128i m = _mm_and_si128(h, low);
+        const __m128i c = _mm_add_epi32(_mm_add_epi32(l, low), _mm_and_si128(q, one));
         const __m128i carry = _mm_srl_epi32(_mm_add_epi32(m, _mm_srli_epi32(c, 1)), shift);
         const __m128i r = _mm_add_epi32(q, carry);
         return _mm_add_epi32(r, _mm_cmpgt_epi32(q, r));  // INT32_MIN back to INT32_MAX
