@@ -2,11 +2,15 @@
 // vectors of random data, the scaled integer members at scale factor 0 and
 // at a positive one (where rounding does its work).  The 32-bit data are
 // 16-bit samples widened, as codecs mostly hold them: full-range random
-// products would saturate almost every element.
+// products would saturate almost every element.  In-place members keep
+// working on their own output call after call; the kernels' speed does not
+// depend on the values, so the drift does not matter.
 #include "bench_cases.h"
 
 #include <random>
+#include <type_traits>
 
+#include "core/cpu.h"
 #include "core/dispatch.h"
 
 namespace vekbench {
@@ -26,11 +30,12 @@ std::vector<T> randomData(unsigned seed) {
     return v;
 }
 
-// Inputs and an output per element type, kept for the program's lifetime.
+// Two inputs, an output (also the in-place operand) and a constant per
+// element type, kept for the program's lifetime.
 template <class T>
 struct Buffers {
-    std::vector<T> a = randomData<T>(1), b = randomData<T>(2), d = std::vector<T>(kElements);
-    T value = randomData<T>(3)[0];
+    std::vector<T> a = randomData<T>(1), b = randomData<T>(2), d = randomData<T>(3);
+    T value = randomData<T>(4)[0];
 };
 template <class T>
 Buffers<T>& buffers() {
@@ -38,55 +43,67 @@ Buffers<T>& buffers() {
     return b;
 }
 
-// One call per argument shape of the family.
-#define VEK_CALLER(params, ...)                                                              \
+// A call of one export on the buffers of its element type, and how many
+// arrays of kElements it reads or writes.
+struct Call {
+    std::function<void(int level)> run;
+    int streams;
+    int elementBytes;
+    bool scaled;  // has a scale factor (the integer members)
+};
+
+// One overload per argument shape of the family; the element type comes
+// from the table's function type.
+#define VEK_SHAPE(streams, params, ...)                                                      \
     template <class T>                                                                       \
-    std::function<void(int)> caller(VekStatus(VEK_CALL* const* table) params, int sf) {      \
+    Call call(VekStatus(VEK_CALL* const* table) params, int sf) {                            \
         Buffers<T>& m = buffers<T>();                                                        \
         (void)sf;                                                                            \
-        return [table, sf, &m](int level) { table[level](__VA_ARGS__); };                    \
+        return {[table, sf, &m](int level) { table[level](__VA_ARGS__); }, streams,         \
+                int(sizeof(T)), !std::is_floating_point_v<T>};                               \
     }
-VEK_CALLER((const T*, const T*, T*, int, int), m.a.data(), m.b.data(), m.d.data(), kElements, sf)
-VEK_CALLER((const T*, const T*, T*, int), m.a.data(), m.b.data(), m.d.data(), kElements)
-VEK_CALLER((const T*, T*, int, int), m.a.data(), m.d.data(), kElements, sf)
-VEK_CALLER((const T*, T*, int), m.a.data(), m.d.data(), kElements)
-VEK_CALLER((const T*, T, T*, int, int), m.a.data(), m.value, m.d.data(), kElements, sf)
-VEK_CALLER((const T*, T, T*, int), m.a.data(), m.value, m.d.data(), kElements)
-VEK_CALLER((T, T*, int, int), m.value, m.d.data(), kElements, sf)
-VEK_CALLER((T, T*, int), m.value, m.d.data(), kElements)
-#undef VEK_CALLER
+VEK_SHAPE(3, (const T*, const T*, T*, int, int), m.a.data(), m.b.data(), m.d.data(), kElements, sf)
+VEK_SHAPE(3, (const T*, const T*, T*, int), m.a.data(), m.b.data(), m.d.data(), kElements)
+VEK_SHAPE(3, (const T*, T*, int, int), m.a.data(), m.d.data(), kElements, sf)
+VEK_SHAPE(3, (const T*, T*, int), m.a.data(), m.d.data(), kElements)
+VEK_SHAPE(2, (const T*, T, T*, int, int), m.a.data(), m.value, m.d.data(), kElements, sf)
+VEK_SHAPE(2, (const T*, T, T*, int), m.a.data(), m.value, m.d.data(), kElements)
+VEK_SHAPE(2, (T, T*, int, int), m.value, m.d.data(), kElements, sf)
+VEK_SHAPE(2, (T, T*, int), m.value, m.d.data(), kElements)
+#undef VEK_SHAPE
 
-template <class T, class Fn>
-void addScaled(std::vector<BenchCase>& cases, const char* name, const Fn* table) {
-    const int positive = sizeof(T) == 2 ? 3 : 5;
-    cases.push_back({std::string(name) + "/sf:0", kElements, caller<T>(table, 0)});
-    cases.push_back({std::string(name) + "/sf:" + std::to_string(positive), kElements, caller<T>(table, positive)});
+void push(std::vector<BenchCase>& cases, const char* exportName, std::string name, Call c) {
+    const double bytes = double(c.streams) * kElements * c.elementBytes;
+    cases.push_back({std::move(name), exportName, kElements, bytes, std::move(c.run)});
 }
 
+// A float member gives one case; a scaled member two: scale factor 0 and a
+// positive one (3 for 16-bit data, 5 for 32-bit data).
 template <class Fn>
-void addFloat(std::vector<BenchCase>& cases, const char* name, const Fn* table) {
-    cases.push_back({name, kElements, caller<Vek32f>(table, 0)});
+void addArith(std::vector<BenchCase>& cases, const char* name, const Fn* table) {
+    Call unscaled = call(table, 0);
+    if (!unscaled.scaled) return push(cases, name, name, std::move(unscaled));
+    const int sf = unscaled.elementBytes == 2 ? 3 : 5;
+    push(cases, name, std::string(name) + "/sf:0", std::move(unscaled));
+    push(cases, name, std::string(name) + "/sf:" + std::to_string(sf), call(table, sf));
 }
 
 std::vector<BenchCase> makeCases() {
     std::vector<BenchCase> c;
-#define VEK_BENCH_16S(name) addScaled<Vek16s>(c, #name, vek::vekTable_##name);
-#define VEK_BENCH_32S(name) addScaled<Vek32s>(c, #name, vek::vekTable_##name);
-#define VEK_BENCH_32F(name) addFloat(c, #name, vek::vekTable_##name);
-    VEK_BENCH_16S(veksAdd_16s_Sfs) VEK_BENCH_16S(veksAdd_16s_ISfs) VEK_BENCH_16S(veksSub_16s_Sfs)
-    VEK_BENCH_16S(veksSub_16s_ISfs) VEK_BENCH_16S(veksAddC_16s_Sfs) VEK_BENCH_16S(veksAddC_16s_ISfs)
-    VEK_BENCH_16S(veksSubC_16s_Sfs) VEK_BENCH_16S(veksSubC_16s_ISfs) VEK_BENCH_16S(veksMulC_16s_Sfs)
-    VEK_BENCH_16S(veksMulC_16s_ISfs)
-    VEK_BENCH_32S(veksAdd_32s_Sfs) VEK_BENCH_32S(veksAdd_32s_ISfs) VEK_BENCH_32S(veksSub_32s_Sfs)
-    VEK_BENCH_32S(veksSub_32s_ISfs) VEK_BENCH_32S(veksMul_32s_Sfs) VEK_BENCH_32S(veksMul_32s_ISfs)
-    VEK_BENCH_32S(veksAddC_32s_Sfs) VEK_BENCH_32S(veksAddC_32s_ISfs) VEK_BENCH_32S(veksSubC_32s_Sfs)
-    VEK_BENCH_32S(veksSubC_32s_ISfs) VEK_BENCH_32S(veksMulC_32s_Sfs) VEK_BENCH_32S(veksMulC_32s_ISfs)
-    VEK_BENCH_32F(veksAdd_32f) VEK_BENCH_32F(veksAdd_32f_I) VEK_BENCH_32F(veksSub_32f) VEK_BENCH_32F(veksSub_32f_I)
-    VEK_BENCH_32F(veksMul_32f) VEK_BENCH_32F(veksMul_32f_I) VEK_BENCH_32F(veksAddC_32f) VEK_BENCH_32F(veksAddC_32f_I)
-    VEK_BENCH_32F(veksSubC_32f) VEK_BENCH_32F(veksSubC_32f_I) VEK_BENCH_32F(veksMulC_32f) VEK_BENCH_32F(veksMulC_32f_I)
-#undef VEK_BENCH_16S
-#undef VEK_BENCH_32S
-#undef VEK_BENCH_32F
+#define VEK_ARITH_CASE(name) addArith(c, #name, vek::vekTable_##name);
+    VEK_ARITH_CASE(veksAdd_16s_Sfs) VEK_ARITH_CASE(veksAdd_16s_ISfs) VEK_ARITH_CASE(veksSub_16s_Sfs)
+    VEK_ARITH_CASE(veksSub_16s_ISfs) VEK_ARITH_CASE(veksAddC_16s_Sfs) VEK_ARITH_CASE(veksAddC_16s_ISfs)
+    VEK_ARITH_CASE(veksSubC_16s_Sfs) VEK_ARITH_CASE(veksSubC_16s_ISfs) VEK_ARITH_CASE(veksMulC_16s_Sfs)
+    VEK_ARITH_CASE(veksMulC_16s_ISfs)
+    VEK_ARITH_CASE(veksAdd_32s_Sfs) VEK_ARITH_CASE(veksAdd_32s_ISfs) VEK_ARITH_CASE(veksSub_32s_Sfs)
+    VEK_ARITH_CASE(veksSub_32s_ISfs) VEK_ARITH_CASE(veksMul_32s_Sfs) VEK_ARITH_CASE(veksMul_32s_ISfs)
+    VEK_ARITH_CASE(veksAddC_32s_Sfs) VEK_ARITH_CASE(veksAddC_32s_ISfs) VEK_ARITH_CASE(veksSubC_32s_Sfs)
+    VEK_ARITH_CASE(veksSubC_32s_ISfs) VEK_ARITH_CASE(veksMulC_32s_Sfs) VEK_ARITH_CASE(veksMulC_32s_ISfs)
+    VEK_ARITH_CASE(veksAdd_32f) VEK_ARITH_CASE(veksAdd_32f_I) VEK_ARITH_CASE(veksSub_32f)
+    VEK_ARITH_CASE(veksSub_32f_I) VEK_ARITH_CASE(veksMul_32f) VEK_ARITH_CASE(veksMul_32f_I)
+    VEK_ARITH_CASE(veksAddC_32f) VEK_ARITH_CASE(veksAddC_32f_I) VEK_ARITH_CASE(veksSubC_32f)
+    VEK_ARITH_CASE(veksSubC_32f_I) VEK_ARITH_CASE(veksMulC_32f) VEK_ARITH_CASE(veksMulC_32f_I)
+#undef VEK_ARITH_CASE
     return c;
 }
 
@@ -95,6 +112,16 @@ std::vector<BenchCase> makeCases() {
 const std::vector<BenchCase>& benchCases() {
     static const std::vector<BenchCase> cases = makeCases();
     return cases;
+}
+
+const std::vector<int>& availableLevels() {
+    static const std::vector<int> levels = [] {
+        std::vector<int> v;
+        for (int level = 0; level < vek::kLevelCount; ++level)
+            if (vek::processorSupportsLevel(level)) v.push_back(level);
+        return v;
+    }();
+    return levels;
 }
 
 }  // namespace vekbench

@@ -1,68 +1,129 @@
-// Google Benchmark over every case and every level the processor has, with
-// a table of speed-ups over level 0 at the end, all from the same run.
-// Rivals from other libraries (zlib, libdeflate, ...) register beside the
-// level benchmarks as "<case>/<rival>" and appear in the same table.
+// Google Benchmark over every case at every level the processor has
+// ("<case>/level:N").  After the usual report it prints, per case, the
+// speed-up of each level over level 0, all from the same run (with
+// --benchmark_repetitions, from each benchmark's best repetition).  Other
+// libraries' implementations of a case get their own column in that table;
+// they are registered in registerRivals().
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <map>
+#include <utility>
 
 #include "bench_cases.h"
-#include "core/cpu.h"
 #include "core/dispatch.h"
 
 namespace {
 
-// Collects the measured time per case and level while reporting as usual.
-class RatioReporter : public benchmark::ConsoleReporter {
+using vekbench::BenchCase;
+using vekbench::benchCases;
+
+// Rows are the cases, columns the levels followed by the rivals; each cell
+// holds the best time of the benchmark registered for it.
+class SpeedupTable {
 public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs) {
-            if (r.run_type != Run::RT_Iteration || r.iterations == 0) continue;
-            const std::string name = r.benchmark_name();
-            const size_t slash = name.rfind("/level:");
-            if (slash == std::string::npos) continue;
-            times_[name.substr(0, slash)][std::stoi(name.substr(slash + 7))] = r.GetAdjustedRealTime();
-        }
-        ConsoleReporter::ReportRuns(runs);
+    SpeedupTable() : times_(benchCases().size()) {
+        for (int level = 0; level < vek::kLevelCount; ++level) columns_.push_back(vek::levelIsaName(level));
     }
-    void printRatios() const {
-        std::printf("\nspeed-up over level 0 (same run)\n%-32s", "case");
-        for (int level = 1; level < vek::kLevelCount; ++level) std::printf("%9s", vek::levelIsaName(level));
+
+    void addLevel(size_t row, int level) {
+        const BenchCase& c = benchCases()[row];
+        add(row, level, "level:" + std::to_string(level), [&c, level] { c.run(level); });
+    }
+
+    // Another library's implementation of the case named caseName.
+    void addRival(const std::string& caseName, const std::string& rival, std::function<void()> call) {
+        const auto& cases = benchCases();
+        const auto it = std::find_if(cases.begin(), cases.end(), [&](const BenchCase& c) { return c.name == caseName; });
+        if (it == cases.end()) return (void)std::fprintf(stderr, "no bench case %s\n", caseName.c_str());
+        size_t column = std::find(columns_.begin(), columns_.end(), rival) - columns_.begin();
+        if (column == columns_.size()) columns_.push_back(rival);
+        add(it - cases.begin(), column, rival, std::move(call));
+    }
+
+    void record(const std::string& benchmark, double time) {
+        const auto cell = cellOf_.find(benchmark);
+        if (cell == cellOf_.end()) return;
+        std::vector<double>& row = times_[cell->second.first];
+        if (row.size() <= cell->second.second) row.resize(cell->second.second + 1, 0);
+        double& t = row[cell->second.second];
+        t = t > 0 ? std::min(t, time) : time;
+    }
+
+    void print() const {
+        std::printf("\nspeed-up over level 0 (time of level 0 / time of the column; * = level chosen here)\n%-28s",
+                    "case");
+        for (size_t col = 1; col < columns_.size(); ++col)
+            std::printf(" %9s", (columns_[col] + (int(col) == vek::DispatchLevel ? "*" : "")).c_str());
         std::printf("\n");
-        for (const auto& [name, byLevel] : times_) {
-            std::printf("%-32s", name.c_str());
-            const auto base = byLevel.find(0);
-            for (int level = 1; level < vek::kLevelCount; ++level) {
-                const auto t = byLevel.find(level);
-                if (base == byLevel.end() || t == byLevel.end()) std::printf("%9s", "-");
-                else std::printf("%8.1fx", base->second / t->second);
+        for (size_t row = 0; row < times_.size(); ++row) {
+            const std::vector<double>& t = times_[row];
+            if (t.empty()) continue;  // filtered out
+            std::printf("%-28s", benchCases()[row].name.c_str());
+            for (size_t col = 1; col < columns_.size(); ++col) {
+                if (col < t.size() && t[0] > 0 && t[col] > 0) std::printf("  %8s", ("x" + fixed1(t[0] / t[col])).c_str());
+                else std::printf("  %8s", "-");
             }
             std::printf("\n");
         }
     }
 
 private:
-    std::map<std::string, std::map<int, double>> times_;
+    void add(size_t row, size_t column, const std::string& label, std::function<void()> call) {
+        const BenchCase& c = benchCases()[row];
+        const std::string name = c.name + "/" + label;
+        cellOf_[name] = {row, column};
+        benchmark::RegisterBenchmark(name.c_str(), [&c, call](benchmark::State& state) {
+            for (auto _ : state) call();
+            state.SetItemsProcessed(state.iterations() * c.elements);
+            state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * c.bytesPerCall));
+        });
+    }
+    static std::string fixed1(double v) {
+        char s[32];
+        std::snprintf(s, sizeof s, "%.1f", v);
+        return s;
+    }
+
+    std::vector<std::string> columns_;
+    std::vector<std::vector<double>> times_;                 // [row][column], 0 = not run
+    std::map<std::string, std::pair<size_t, size_t>> cellOf_;  // benchmark name -> (row, column)
+};
+
+// Peer libraries doing the same work as one of our cases register here, e.g.
+//   table.addRival("<case name>", "zlib", [] { /* compress the same input */ });
+// so that the summary shows their speed-up over level 0 beside the levels'.
+void registerRivals(SpeedupTable&) {}
+
+// Reports as usual and hands every measured time to the table.
+class TableReporter : public benchmark::ConsoleReporter {
+public:
+    explicit TableReporter(SpeedupTable& table) : table_(table) {}
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& r : runs)
+            if (r.run_type == Run::RT_Iteration && r.iterations > 0)
+                table_.record(r.run_name.function_name, r.GetAdjustedRealTime());
+        ConsoleReporter::ReportRuns(runs);
+    }
+
+private:
+    SpeedupTable& table_;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    for (const vekbench::BenchCase& c : vekbench::benchCases()) {
-        for (int level = 0; level < vek::kLevelCount; ++level) {
-            if (!vek::processorSupportsLevel(level)) continue;
-            benchmark::RegisterBenchmark((c.name + "/level:" + std::to_string(level)).c_str(),
-                                         [&c, level](benchmark::State& state) {
-                                             for (auto _ : state) c.run(level);
-                                             state.SetItemsProcessed(state.iterations() * c.elements);
-                                         });
-        }
-    }
+    SpeedupTable table;
+    for (size_t row = 0; row < benchCases().size(); ++row)
+        for (int level : vekbench::availableLevels()) table.addLevel(row, level);
+    registerRivals(table);
+
     benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    TableReporter reporter(table);
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.printRatios();
+    table.print();
     benchmark::Shutdown();
     return 0;
 }
