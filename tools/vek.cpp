@@ -4,7 +4,8 @@
 //                         throughput of every benchmark case on every level
 //                         the processor has, and the speed-up over level 0
 //   vek exports           the implementation serving each level of each export
-// Later families add their subcommands to the table in main().
+// Later families add their subcommands (e.g. `vek gzip`) as one line each
+// in kCommands.
 #include <chrono>
 #include <cstdio>
 #include <cstring>
@@ -22,33 +23,28 @@ int info(const std::vector<std::string>&) {
     const Vek32u type = vekGetCpuType();
     const VekLibraryVersion* v = veksGetLibVersion();
     std::printf("processor type   %u (%s)\n", type, vek::cpuTypeDescription(type));
-    std::printf("code-path level  %d (%s)\n", v->level, v->targetIsa);
+    std::printf("code-path level  %d (%s)\n", vek::DispatchLevel, vek::levelIsaName(vek::DispatchLevel));
     std::printf("library          %s %s, built %s\n", v->name, v->version, v->buildDate);
     int cache = 0, mhz = 0;
-    if (vekGetMaxCacheSizeB(&cache) == StatusOk) std::printf("largest cache    %d KiB\n", cache / 1024);
+    if (vekGetMaxCacheSizeB(&cache) == StatusOk) std::printf("largest cache    %d bytes (%d KiB)\n", cache, cache / 1024);
     else std::printf("largest cache    unknown\n");
     if (vekGetCpuFreqMhz(&mhz) == StatusOk) std::printf("clock            about %d MHz\n", mhz);
+    else std::printf("clock            unknown\n");
     return 0;
 }
 
-// Seconds per call: calls repeated for at least `window` seconds, the best
-// of `repeats` such windows.
-double secondsPerCall(const vekbench::BenchCase& c, int level, double window, int repeats) {
+// Seconds per call: calls repeated for at least `window` seconds.
+double secondsPerCall(const vekbench::BenchCase& c, int level, double window) {
     using clock = std::chrono::steady_clock;
-    c.run(level);  // warm the caches
-    double best = 1e30;
-    for (int r = 0; r < repeats; ++r) {
-        long calls = 0;
-        const auto start = clock::now();
-        double elapsed = 0;
-        do {
-            for (int i = 0; i < 16; ++i) c.run(level);
-            calls += 16;
-            elapsed = std::chrono::duration<double>(clock::now() - start).count();
-        } while (elapsed < window);
-        if (elapsed / calls < best) best = elapsed / calls;
-    }
-    return best;
+    long calls = 0;
+    double elapsed = 0;
+    const auto start = clock::now();
+    do {
+        for (int i = 0; i < 16; ++i) c.run(level);
+        calls += 16;
+        elapsed = std::chrono::duration<double>(clock::now() - start).count();
+    } while (elapsed < window);
+    return elapsed / calls;
 }
 
 int bench(const std::vector<std::string>& args) {
@@ -56,28 +52,36 @@ int bench(const std::vector<std::string>& args) {
     std::string filter;
     for (const std::string& a : args) {
         if (a == "--quick") quick = true;
-        else filter = a;
+        else if (a.rfind("--", 0) != 0) filter = a;
+        else {
+            std::fprintf(stderr, "vek bench: unknown option %s\n", a.c_str());
+            return 2;
+        }
     }
     const double window = quick ? 0.003 : 0.02;
     const int repeats = quick ? 1 : 3;
-    std::printf("Melem/s per level (speed-up over level 0); '-' where the processor lacks the level\n");
-    std::printf("%-30s", "case");
-    for (int level = 0; level < vek::kLevelCount; ++level) std::printf("%16s", vek::levelIsaName(level));
+    std::printf("M elements/s per level (speed-up over level 0); '-' where the processor lacks the level;\n"
+                "* marks the level chosen on this processor\n%-28s", "case");
+    for (int level = 0; level < vek::kLevelCount; ++level)
+        std::printf("%16s", (std::string(vek::levelIsaName(level)) + (level == vek::DispatchLevel ? "*" : "")).c_str());
     std::printf("\n");
     for (const vekbench::BenchCase& c : vekbench::benchCases()) {
         if (!filter.empty() && c.name.find(filter) == std::string::npos) continue;
-        std::printf("%-30s", c.name.c_str());
-        double base = 0;
-        for (int level = 0; level < vek::kLevelCount; ++level) {
-            if (!vek::processorSupportsLevel(level)) {
-                std::printf("%16s", "-");
-                continue;
+        // Best of the repeats, the levels taking turns so that a burst of
+        // other load on the machine does not fall on one level only.
+        double best[vek::kLevelCount] = {};
+        for (int level : vekbench::availableLevels()) c.run(level);  // warm the caches
+        for (int r = 0; r < repeats; ++r)
+            for (int level : vekbench::availableLevels()) {
+                const double t = secondsPerCall(c, level, window);
+                if (best[level] == 0 || t < best[level]) best[level] = t;
             }
-            const double t = secondsPerCall(c, level, window, repeats);
-            if (level == 0) base = t;
-            char cell[32];
-            if (level == 0) std::snprintf(cell, sizeof cell, "%.0f", c.elements / t / 1e6);
-            else std::snprintf(cell, sizeof cell, "%.0f (x%.1f)", c.elements / t / 1e6, base / t);
+        std::printf("%-28s", c.name.c_str());
+        for (int level = 0; level < vek::kLevelCount; ++level) {
+            char cell[32] = "-";
+            const double rate = best[level] > 0 ? c.elements / best[level] / 1e6 : 0;
+            if (level == 0) std::snprintf(cell, sizeof cell, "%.0f", rate);
+            else if (rate > 0) std::snprintf(cell, sizeof cell, "%.0f x%.1f", rate, best[0] / best[level]);
             std::printf("%16s", cell);
         }
         std::printf("\n");
@@ -105,7 +109,7 @@ struct Command {
 };
 
 const Command kCommands[] = {
-    {"info", info, "processor type, chosen code-path level, version, cache size"},
+    {"info", info, "processor type, chosen code-path level, version, cache size, clock"},
     {"bench", bench, "[--quick] [FILTER]  throughput per level and speed-up over level 0"},
     {"exports", exports, "the implementation serving each level of every export"},
 };
