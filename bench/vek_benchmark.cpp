@@ -1,7 +1,8 @@
 // Google Benchmark over every case at every level the processor has
 // ("<case>/level:N").  After the usual report it prints, per case, the
 // speed-up of each level over level 0, all from the same run (with
-// --benchmark_repetitions, from each benchmark's best repetition).  Other
+// --benchmark_repetitions, from each benchmark's best repetition, or its
+// median when only aggregates are reported).  Other
 // libraries' implementations of a case get their own column in that table;
 // they are registered in registerRivals().
 #include <benchmark/benchmark.h>
@@ -42,13 +43,15 @@ public:
         add(it - cases.begin(), column, rival, std::move(call));
     }
 
-    void record(const std::string& benchmark, double time) {
+    // Keeps the best time of a benchmark; a fallback (the median when only
+    // aggregates are reported) fills only a cell that has none.
+    void record(const std::string& benchmark, double time, bool fallback) {
         const auto cell = cellOf_.find(benchmark);
         if (cell == cellOf_.end()) return;
         std::vector<double>& row = times_[cell->second.first];
         if (row.size() <= cell->second.second) row.resize(cell->second.second + 1, 0);
         double& t = row[cell->second.second];
-        t = t > 0 ? std::min(t, time) : time;
+        if (t == 0 || (!fallback && time < t)) t = time;
     }
 
     void print() const {
@@ -101,9 +104,11 @@ class TableReporter : public benchmark::ConsoleReporter {
 public:
     explicit TableReporter(SpeedupTable& table) : table_(table) {}
     void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs)
-            if (r.run_type == Run::RT_Iteration && r.iterations > 0)
-                table_.record(r.run_name.function_name, r.GetAdjustedRealTime());
+        for (const Run& r : runs) {
+            const bool median = r.run_type == Run::RT_Aggregate && r.aggregate_name == "median";
+            if ((r.run_type == Run::RT_Iteration && r.iterations > 0) || median)
+                table_.record(r.run_name.function_name, r.GetAdjustedRealTime(), median);
+        }
         ConsoleReporter::ReportRuns(runs);
     }
 
