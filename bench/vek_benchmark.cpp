@@ -2,9 +2,11 @@
 // ("<case>/level:N").  After the usual report it prints, per case, the
 // speed-up of each level over level 0, all from the same run (with
 // --benchmark_repetitions, from each benchmark's best repetition, or its
-// median when only aggregates are reported).  Other
-// libraries' implementations of a case get their own column in that table;
-// they are registered in registerRivals().
+// median when only aggregates are reported).  On a machine shared with
+// other work, --benchmark_repetitions=5 --benchmark_enable_random_interleaving
+// spreads each cell's repetitions over the run, so a burst of other load
+// rarely spoils all of them.  Other libraries' implementations of a case get
+// their own column in that table; they are registered in registerRivals().
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
