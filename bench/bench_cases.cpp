@@ -137,10 +137,8 @@ const std::vector<BenchCase>& benchCases() {
 
 const std::vector<int>& availableLevels() {
     static const std::vector<int> levels = [] {
-        std::vector<int> v;
-        for (int level = 0; level < vek::kLevelCount; ++level)
-            if (vek::processorSupportsLevel(level)) v.push_back(level);
-        return v;
+        int l[vek::kLevelCount];
+        return std::vector<int>(l, l + vek::supportedLevels(l));
     }();
     return levels;
 }

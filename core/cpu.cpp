@@ -194,6 +194,13 @@ bool processorSupportsLevel(int level) {
     }
 }
 
+int supportedLevels(int* levels) {
+    int count = 0;
+    for (int level = 0; level < kLevelCount; ++level)
+        if (processorSupportsLevel(level)) levels[count++] = level;
+    return count;
+}
+
 }  // namespace vek
 
 extern "C" VEK_API Vek32u VEK_CALL vekGetCpuType(void) { return vek::classifyCpu(vek::readCpuid()); }

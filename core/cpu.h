@@ -50,6 +50,10 @@ bool cpuidAvailable();
 // set bit is present); used by the tests and benchmarks to skip levels.
 bool processorSupportsLevel(int level);
 
+// The levels the live processor can run, lowest first (level 0 always):
+// fills levels[0..count) and returns count (at most six).
+int supportedLevels(int* levels);
+
 }  // namespace vek
 
 #endif
