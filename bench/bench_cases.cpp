@@ -1,21 +1,9 @@
-// Benchmark cases of the arithmetic family: every member on 4096-element
-// vectors of random data, the scaled integer members at scale factor 0 and
-// at a positive one (where rounding does its work).  The 32-bit data are
-// 16-bit samples widened, as codecs mostly hold them: full-range random
-// products would saturate almost every element.
-//
-// In-place members work on the same array call after call.  Left alone,
-// an in-place Add at scale factor 0 would creep into saturation over
-// thousands of calls, and the plain code (whose branches follow the data)
-// would change speed during the measurement.  So the first operand (the
-// source array or the constant) alternates in sign from call to call: Add
-// and Sub then undo themselves after at most two calls, positive scale
-// factors shrink the data onto a fixed pair within a few, and products
-// saturate within a few.  Out-of-place members alternate the same way.
+// The registry of benchmark cases.  Families register from their own files
+// (bench_<family>.cpp); the list is put together on first use.
 #include "bench_cases.h"
 
-#include <random>
-#include <type_traits>
+#include <algorithm>
+#include <cstring>
 
 #include "core/cpu.h"
 #include "core/dispatch.h"
@@ -23,112 +11,46 @@
 namespace vekbench {
 namespace {
 
-constexpr int kElements = 4096;
-
-template <class T>
-T randomValue(std::mt19937& rng) {
-    if constexpr (std::is_floating_point_v<T>) return std::uniform_real_distribution<T>(-1000, 1000)(rng);
-    else return static_cast<T>(std::uniform_int_distribution<int>(-32767, 32767)(rng));  // negatable
+std::vector<FamilyFn>& families() {
+    static std::vector<FamilyFn> f;
+    return f;
 }
 
-// The inputs a and b, a negated, an output d (also the in-place operand)
-// and a constant per element type, kept for the program's lifetime.  The
-// arrays share one block, their starts 1 KiB apart modulo 4 KiB.  Arrays a
-// whole number of pages apart (as separate heap blocks of this size tend to
-// be) make loads wait on stores to another array that match in the low
-// twelve address bits (4K aliasing), which made the plain code of some
-// out-of-place members 1.6 times slower than the same code in place.
-template <class T>
-struct Buffers {
-    static constexpr int kStride = kElements + 1024 / sizeof(T);  // elements
-    std::vector<T> block = std::vector<T>(4 * kStride);
-    T *a = &block[0], *negA = &block[kStride], *b = &block[2 * kStride], *d = &block[3 * kStride];
-    T value;
-    bool odd = false;  // this call uses -a and -value
-
-    Buffers() {
-        std::mt19937 rng(1);
-        for (T* v : {a, b, d})
-            for (int i = 0; i < kElements; ++i) v[i] = randomValue<T>(rng);
-        for (int i = 0; i < kElements; ++i) negA[i] = static_cast<T>(-a[i]);
-        value = randomValue<T>(rng);
-    }
-};
-template <class T>
-Buffers<T>& buffers() {
-    static Buffers<T> b;
-    return b;
-}
-
-// A call of one export on the buffers of its element type, and how many
-// arrays of kElements it reads or writes.
-struct Call {
-    std::function<void(int level)> run;
-    int streams;
-    int elementBytes;
-    bool scaled;  // has a scale factor (the integer members)
-};
-
-// One overload per argument shape of the family; the element type comes
-// from the table's function type.
-#define VEK_SHAPE(streams, params, ...)                                                      \
-    template <class T>                                                                       \
-    Call call(VekStatus(VEK_CALL* const* table) params, int sf) {                            \
-        Buffers<T>& m = buffers<T>();                                                        \
-        auto run = [table, sf, &m](int level) {                                              \
-            m.odd = !m.odd;                                                                  \
-            [[maybe_unused]] const T* a = m.odd ? m.negA : m.a;                \
-            [[maybe_unused]] const T value = m.odd ? static_cast<T>(-m.value) : m.value;     \
-            table[level](__VA_ARGS__);                                                       \
-        };                                                                                   \
-        return {run, streams, int(sizeof(T)), !std::is_floating_point_v<T>};                 \
-    }
-VEK_SHAPE(3, (const T*, const T*, T*, int, int), a, m.b, m.d, kElements, sf)
-VEK_SHAPE(3, (const T*, const T*, T*, int), a, m.b, m.d, kElements)
-VEK_SHAPE(3, (const T*, T*, int, int), a, m.d, kElements, sf)
-VEK_SHAPE(3, (const T*, T*, int), a, m.d, kElements)
-VEK_SHAPE(2, (const T*, T, T*, int, int), a, value, m.d, kElements, sf)
-VEK_SHAPE(2, (const T*, T, T*, int), a, value, m.d, kElements)
-VEK_SHAPE(2, (T, T*, int, int), value, m.d, kElements, sf)
-VEK_SHAPE(2, (T, T*, int), value, m.d, kElements)
-#undef VEK_SHAPE
-
-void push(std::vector<BenchCase>& cases, const char* exportName, std::string name, Call c) {
-    const double bytes = double(c.streams) * kElements * c.elementBytes;
-    cases.push_back({std::move(name), exportName, kElements, bytes, std::move(c.run)});
-}
-
-// A float member gives one case; a scaled member two: scale factor 0 and a
-// positive one (3 for 16-bit data, 5 for 32-bit data).
-template <class Fn>
-void addArith(std::vector<BenchCase>& cases, const char* name, const Fn* table) {
-    Call unscaled = call(table, 0);
-    if (!unscaled.scaled) return push(cases, name, name, std::move(unscaled));
-    const int sf = unscaled.elementBytes == 2 ? 3 : 5;
-    push(cases, name, std::string(name) + "/sf:0", std::move(unscaled));
-    push(cases, name, std::string(name) + "/sf:" + std::to_string(sf), call(table, sf));
+// Position of an export in the list, so the table reads in list order
+// whatever order the families' files were linked in.
+int exportIndex(const char* name) {
+    for (int i = 0; i < vek::kExportCount; ++i)
+        if (!std::strcmp(vek::kExports[i].name, name)) return i;
+    return vek::kExportCount;
 }
 
 std::vector<BenchCase> makeCases() {
-    std::vector<BenchCase> c;
-#define VEK_ARITH_CASE(name) addArith(c, #name, vek::vekTable_##name);
-    VEK_ARITH_CASE(veksAdd_16s_Sfs) VEK_ARITH_CASE(veksAdd_16s_ISfs) VEK_ARITH_CASE(veksSub_16s_Sfs)
-    VEK_ARITH_CASE(veksSub_16s_ISfs) VEK_ARITH_CASE(veksAddC_16s_Sfs) VEK_ARITH_CASE(veksAddC_16s_ISfs)
-    VEK_ARITH_CASE(veksSubC_16s_Sfs) VEK_ARITH_CASE(veksSubC_16s_ISfs) VEK_ARITH_CASE(veksMulC_16s_Sfs)
-    VEK_ARITH_CASE(veksMulC_16s_ISfs)
-    VEK_ARITH_CASE(veksAdd_32s_Sfs) VEK_ARITH_CASE(veksAdd_32s_ISfs) VEK_ARITH_CASE(veksSub_32s_Sfs)
-    VEK_ARITH_CASE(veksSub_32s_ISfs) VEK_ARITH_CASE(veksMul_32s_Sfs) VEK_ARITH_CASE(veksMul_32s_ISfs)
-    VEK_ARITH_CASE(veksAddC_32s_Sfs) VEK_ARITH_CASE(veksAddC_32s_ISfs) VEK_ARITH_CASE(veksSubC_32s_Sfs)
-    VEK_ARITH_CASE(veksSubC_32s_ISfs) VEK_ARITH_CASE(veksMulC_32s_Sfs) VEK_ARITH_CASE(veksMulC_32s_ISfs)
-    VEK_ARITH_CASE(veksAdd_32f) VEK_ARITH_CASE(veksAdd_32f_I) VEK_ARITH_CASE(veksSub_32f)
-    VEK_ARITH_CASE(veksSub_32f_I) VEK_ARITH_CASE(veksMul_32f) VEK_ARITH_CASE(veksMul_32f_I)
-    VEK_ARITH_CASE(veksAddC_32f) VEK_ARITH_CASE(veksAddC_32f_I) VEK_ARITH_CASE(veksSubC_32f)
-    VEK_ARITH_CASE(veksSubC_32f_I) VEK_ARITH_CASE(veksMulC_32f) VEK_ARITH_CASE(veksMulC_32f_I)
-#undef VEK_ARITH_CASE
-    return c;
+    std::vector<std::vector<BenchCase>> perFamily;
+    for (FamilyFn add : families()) {
+        perFamily.emplace_back();
+        add(perFamily.back());
+    }
+    auto firstExport = [](const std::vector<BenchCase>& f) {
+        int first = vek::kExportCount;
+        for (const BenchCase& c : f) first = std::min(first, exportIndex(c.exportName));
+        return first;
+    };
+    std::stable_sort(perFamily.begin(), perFamily.end(),
+                     [&](const auto& a, const auto& b) { return firstExport(a) < firstExport(b); });
+    std::vector<BenchCase> all;
+    for (auto& f : perFamily)
+        for (BenchCase& c : f) all.push_back(std::move(c));
+    return all;
 }
 
 }  // namespace
+
+FamilyRegistrar::FamilyRegistrar(FamilyFn add) { families().push_back(add); }
+
+std::vector<Rival>& rivals() {
+    static std::vector<Rival> r;
+    return r;
+}
 
 const std::vector<BenchCase>& benchCases() {
     static const std::vector<BenchCase> cases = makeCases();

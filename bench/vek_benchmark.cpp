@@ -6,7 +6,8 @@
 // other work, --benchmark_repetitions=5 --benchmark_enable_random_interleaving
 // spreads each cell's repetitions over the run, so a burst of other load
 // rarely spoils all of them.  Other libraries' implementations of a case get
-// their own column in that table; they are registered in registerRivals().
+// their own column in that table; they register with VEK_BENCH_RIVAL in
+// rivals_<family>.cpp files.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -96,10 +97,6 @@ private:
     std::map<std::string, std::pair<size_t, size_t>> cellOf_;  // benchmark name -> (row, column)
 };
 
-// Peer libraries doing the same work as one of our cases register here, e.g.
-//   table.addRival("<case name>", "zlib", [] { /* compress the same input */ });
-// so that the summary shows their speed-up over level 0 beside the levels'.
-void registerRivals(SpeedupTable&) {}
 
 // Reports as usual and hands every measured time to the table.
 class TableReporter : public benchmark::ConsoleReporter {
@@ -124,7 +121,7 @@ int main(int argc, char** argv) {
     SpeedupTable table;
     for (size_t row = 0; row < benchCases().size(); ++row)
         for (int level : vekbench::availableLevels()) table.addLevel(row, level);
-    registerRivals(table);
+    for (const vekbench::Rival& r : vekbench::rivals()) table.addRival(r.caseName, r.rival, r.call);
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;

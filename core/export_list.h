@@ -74,3 +74,23 @@ VEK_EXPORT(veksMulC_32s_Sfs,  plain, plain, sse2, sse2, sse2, sse41, VekStatus, 
 VEK_EXPORT(veksMulC_32s_ISfs, plain, plain, sse2, sse2, sse2, sse41, VekStatus, (Vek32s val, Vek32s* pSrcDst, int len, int scaleFactor))
 VEK_EXPORT(veksMulC_32f,      plain, sse,   sse,  sse,  sse,  sse,   VekStatus, (const Vek32f* pSrc, Vek32f val, Vek32f* pDst, int len))
 VEK_EXPORT(veksMulC_32f_I,    plain, sse,   sse,  sse,  sse,  sse,   VekStatus, (Vek32f val, Vek32f* pSrcDst, int len))
+
+// ---- vector shifts, conversions, copy and thresholds (signal/) -------------
+
+
+// ---- image copies, sets, mirrors, channel swaps, borders (image/) ----------
+
+
+// ---- image type conversions and per-pixel arithmetic (image/) --------------
+
+
+// ---- checksums (compression/) ----------------------------------------------
+VEK_EXPORT(veksAdler32_8u,    plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pAdler))
+VEK_EXPORT(veksCRC32_8u,      plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pCrc))
+
+
+// ---- run-length coding (compression/) --------------------------------------
+
+
+// ---- the deflate encoder (compression/) ------------------------------------
+

@@ -249,6 +249,37 @@ VEK_API VekStatus VEK_CALL veksMulC_32s_ISfs(Vek32s val, Vek32s* pSrcDst, int le
 VEK_API VekStatus VEK_CALL veksMulC_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pDst, int len);
 VEK_API VekStatus VEK_CALL veksMulC_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
 
+/* ---- Vector shifts, conversions, copy and thresholds ---------------------- */
+
+
+/* ---- Images: copies, sets, mirrors, channel swaps, borders --------------- */
+
+
+/* ---- Images: type conversions and per-pixel arithmetic ------------------- */
+
+
+/* ---- Checksums ------------------------------------------------------------ */
+/* Running checksums for the zlib (Adler-32) and gzip (CRC-32) containers; a
+ * long stream is checksummed in any number of calls, each continuing from
+ * the value the previous call left.  Both are reentrant.
+ *
+ * veksAdler32_8u: *pAdler holds B << 16 | A.  A null pAdler gives
+ * StatusNullPointer; a null pSrc writes the start value 1 and succeeds
+ * whatever len is; len < 1 leaves *pAdler unchanged and succeeds.
+ *
+ * veksCRC32_8u: *pCrc holds the finished CRC-32 of what was seen so far, 0
+ * to start.  A null pointer gives StatusNullPointer; len < 1 gives
+ * StatusSize with nothing written. */
+VEK_API VekStatus VEK_CALL veksAdler32_8u(const Vek8u* pSrc, int len, Vek32u* pAdler);
+VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc);
+
+
+/* ---- Run-length coding ---------------------------------------------------- */
+
+
+/* ---- The deflate encoder -------------------------------------------------- */
+
+
 #ifdef __cplusplus
 }
 #endif

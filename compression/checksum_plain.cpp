@@ -1,0 +1,80 @@
+// CRC-32 and Adler-32: the plain reference.
+//
+// CRC-32 is slicing by eight through constant tables once the source is
+// 8-byte aligned and at least 15 bytes are given; Adler-32 defers its
+// modulo to once per 5552 bytes, the longest run over which the sum B
+// cannot overflow 32 bits.  Every other level gives the same values.
+#include <stdint.h>
+#include <string.h>
+
+#include "compression/crc32_tables.h"
+#include "core/dispatch.h"
+
+namespace vek::plain {
+namespace {
+
+constexpr uint32_t kAdlerBase = 65521;
+constexpr int kAdlerBlock = 5552;
+
+// Remainder modulo 65521 by conditional subtraction of 65521 * 2^k, k from
+// 16 down to 0: each step leaves a value below 65521 * 2^k.
+inline uint32_t adlerReduce(uint32_t v) {
+    for (int k = 16; k >= 0; --k) {
+        const uint32_t m = kAdlerBase << k;
+        if (v >= m) v -= m;
+    }
+    return v;
+}
+
+inline uint32_t load32le(const Vek8u* p) {
+    return uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24;
+}
+
+}  // namespace
+
+VekStatus VEK_CALL veksAdler32_8u(const Vek8u* pSrc, int len, Vek32u* pAdler) {
+    if (!pAdler) return StatusNullPointer;
+    if (!pSrc) {
+        *pAdler = 1;  // the start value of a fresh checksum
+        return StatusOk;
+    }
+    uint32_t a = *pAdler & 0xFFFF, b = *pAdler >> 16;
+    while (len > 0) {
+        const int block = len < kAdlerBlock ? len : kAdlerBlock;
+        len -= block;
+        int n = block;
+        for (; n >= 16; n -= 16, pSrc += 16)
+            for (int i = 0; i < 16; ++i) {
+                a += pSrc[i];
+                b += a;
+            }
+        for (; n > 0; --n) {
+            a += *pSrc++;
+            b += a;
+        }
+        a = adlerReduce(a);
+        b = adlerReduce(b);
+    }
+    *pAdler = (b << 16) | a;
+    return StatusOk;
+}
+
+VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc) {
+    if (!pSrc || !pCrc) return StatusNullPointer;
+    if (len < 1) return StatusSize;
+    const auto& K = crc32::kCrc32Table;
+    uint32_t c = ~*pCrc;
+    if (len >= 15) {
+        for (; reinterpret_cast<uintptr_t>(pSrc) & 7; --len) c = (c >> 8) ^ K[0][(c ^ *pSrc++) & 0xFF];
+        for (; len >= 8; len -= 8, pSrc += 8) {
+            const uint32_t x = c ^ load32le(pSrc), y = load32le(pSrc + 4);
+            c = K[7][x & 0xFF] ^ K[6][(x >> 8) & 0xFF] ^ K[5][(x >> 16) & 0xFF] ^ K[4][x >> 24] ^
+                K[3][y & 0xFF] ^ K[2][(y >> 8) & 0xFF] ^ K[1][(y >> 16) & 0xFF] ^ K[0][y >> 24];
+        }
+    }
+    for (; len > 0; --len) c = (c >> 8) ^ K[0][(c ^ *pSrc++) & 0xFF];
+    *pCrc = ~c;
+    return StatusOk;
+}
+
+}  // namespace vek::plain
