@@ -92,5 +92,8 @@ VEK_EXPORT(veksCRC32_8u,      plain, plain, plain, plain, plain, plain, VekStatu
 // ---- run-length coding (compression/) --------------------------------------
 
 
-// ---- the deflate encoder (compression/) ------------------------------------
+// ---- the deflate encoder: state and match finding (compression/) -----------
+
+
+// ---- the deflate encoder: block coding and trailer (compression/) ----------
 

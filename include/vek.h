@@ -277,7 +277,10 @@ VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc
 /* ---- Run-length coding ---------------------------------------------------- */
 
 
-/* ---- The deflate encoder -------------------------------------------------- */
+/* ---- The deflate encoder: state and match finding ------------------------- */
+
+
+/* ---- The deflate encoder: block coding and trailer ------------------------ */
 
 
 #ifdef __cplusplus

@@ -1,0 +1,94 @@
+// The deflate encoder's state: one block the caller owns (VekDeflateState
+// in the public header is this struct), shared by the match finder
+// (deflate_match_*.cpp) and the block coders (deflate_block_*.cpp).
+//
+// The match finder turns input into a list of pairs held inside the state
+// and keeps the history window, the hash chains and the running checksum;
+// the block coders write those pairs as RFC 1951 blocks through a bit
+// buffer that survives between calls, so every coder can stop on a full
+// output buffer and go on in the next call.
+#ifndef VEK_COMPRESSION_DEFLATE_STATE_H
+#define VEK_COMPRESSION_DEFLATE_STATE_H
+
+#include <stdint.h>
+
+#include "vek.h"
+
+namespace vek::deflate {
+
+constexpr int kWindowSize = 32768;        // farthest match distance + 1
+constexpr int kHistorySize = 65536;       // history buffer bytes
+constexpr int kHistoryLimit = 65278;      // fill beyond which the newest window moves to the front
+constexpr int kMinMatch = 3, kMaxMatch = 258;
+constexpr int kHashSize = 32768;          // head entries (15-bit hash)
+constexpr int kPairCapacity = 65280;      // pairs the state holds
+constexpr int32_t kNoPosition = -32768;   // empty head or chain entry
+constexpr int kLitLenSymbols = 286, kDistSymbols = 30;
+
+// Checksum kinds (the second argument of initialisation).
+constexpr int kChecksumAdler32 = 1, kChecksumCrc32 = 2;
+// Compression classes.
+constexpr int kClassFast = 0, kClassDefault = 1, kClassBest = 2;
+// Flush modes of the encoding call and the block coders.
+constexpr int kFlushHistoryCut = 2, kFlushFinal = 3;
+
+// A literal (distance 0, value = the byte) or a match (value = length
+// 3..258, distance 1..32768).  Callers see pairs as two Vek16u.
+struct Pair {
+    Vek16u value;
+    Vek16u distance;
+};
+static_assert(sizeof(Pair) == 4, "a pair is two 16-bit words");
+
+// {symbol, frequency} entries of the block coders' frequency tables.
+struct SymbolCount {
+    Vek32u symbol;
+    Vek32u count;
+};
+
+// What the block coders keep between calls.
+struct BlockCoder {
+    Vek32u bitBuffer = 0;   // pending bits, least significant first
+    int bitCount = 0;
+    int subStatus = 0;      // 2: a new block may be decided; 3: stopped on a full output; 5: nothing pending
+    int storedState = 0;    // 0..3: how far the stored block's header has gone
+    int storedDone = 0;     // bytes of the stored block's header and data written
+    Vek8u trailer[8] = {};  // the trailer being written
+    int trailerDone = 0;    // its bytes already written
+    int huffMode = 0;       // the last decision of SelectHuffMode: 0 fixed, 1 dynamic
+    SymbolCount litLen[kLitLenSymbols] = {};
+    SymbolCount dist[kDistSymbols] = {};
+    Vek16u litLenCode[kLitLenSymbols] = {};  // codes of the current dynamic block (bit-reversed)
+    Vek8u litLenBits[kLitLenSymbols] = {};
+    Vek16u distCode[kDistSymbols] = {};
+    Vek8u distBits[kDistSymbols] = {};
+};
+
+struct DeflateState {
+    int outWords[3] = {};         // output position and remaining length of the block coder and flush
+    Vek32u checksum = 0;          // running checksum of the input, from 0 for both kinds
+    int checksumKind = 0;         // 1 Adler-32, 2 CRC-32, other: none
+    int comprClass = kClassDefault;
+    int streamPos = 0;            // input bytes taken since init, reset or the last history cut
+    BlockCoder coder;
+
+    Vek8u* historyStart = nullptr;  // == history
+    Vek8u* historyPos = nullptr;    // end of the bytes held (the history fill)
+    const Vek16u (*hashTables)[256] = nullptr;  // H0, H1, H2
+    int32_t chain[kWindowSize];     // previous position with the same hash, by position & 0x7FFF
+    int32_t head[kHashSize];        // latest position with a hash
+
+    Pair* pairs = nullptr;          // the pair list: where it starts, how many it holds,
+    int pairCount = 0;              // and room for how many
+    int pairCapacity = kPairCapacity;
+
+    int streamStatus = 0;           // read and written by Get/SetStatus and the coders
+    int lastFlush = 0;              // flush mode of the previous encoding call
+
+    alignas(16) Vek8u history[kHistorySize];
+    Pair pairStorage[kPairCapacity];
+};
+
+}  // namespace vek::deflate
+
+#endif
