@@ -1,5 +1,5 @@
-// The deflate encoder's state: one block the caller owns (VekDeflateState
-// in the public header is this struct), shared by the match finder
+// The deflate encoder's state: one block the caller owns (the public
+// header's opaque VekDeflateState points at this struct), shared by the match finder
 // (deflate_match_*.cpp) and the block coders (deflate_block_*.cpp).
 //
 // The match finder turns input into a list of pairs held inside the state
@@ -88,6 +88,9 @@ struct DeflateState {
     alignas(16) Vek8u history[kHistorySize];
     Pair pairStorage[kPairCapacity];
 };
+
+inline DeflateState* stateOf(VekDeflateState* p) { return reinterpret_cast<DeflateState*>(p); }
+inline const DeflateState* stateOf(const VekDeflateState* p) { return reinterpret_cast<const DeflateState*>(p); }
 
 }  // namespace vek::deflate
 

@@ -89,6 +89,12 @@ typedef struct { int width; int height; } VekiSize;
 typedef struct { int x; int y; int width; int height; } VekiRect;
 typedef struct { int x; int y; } VekiPoint;
 
+/* ---- The deflate encoder's state -----------------------------------------
+ * An opaque block owned by the caller: veksEncodeLZ77GetSize_8u gives its
+ * size, veksEncodeLZ77Init_8u prepares it (or veksEncodeLZ77InitAlloc_8u
+ * allocates and prepares one). */
+typedef struct VekDeflateState VekDeflateState;
+
 /* ---- Version record ----------------------------------------------------
  * One constant record per domain and code-path level; the version queries
  * return the record of the level chosen at load. */
