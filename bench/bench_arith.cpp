@@ -9,9 +9,11 @@
 // thousands of calls, and the plain code (whose branches follow the data)
 // would change speed during the measurement.  So the first operand (the
 // source array or the constant) alternates in sign from call to call: Add
-// and Sub then undo themselves after at most two calls, positive scale
-// factors shrink the data onto a fixed pair within a few, and products
-// saturate within a few.  Out-of-place members alternate the same way.
+// and Sub then undo themselves after at most two calls, and positive scale
+// factors shrink the data onto a fixed pair within a few.  Out-of-place
+// members alternate the same way.  In-place 32-bit products alternate
+// between gains that undo each other (gainCall below).
+#include <memory>
 #include <random>
 #include <type_traits>
 
@@ -91,6 +93,56 @@ VEK_SHAPE(2, (T, T*, int, int), value, m.d, kElements, sf)
 VEK_SHAPE(2, (T, T*, int), value, m.d, kElements)
 #undef VEK_SHAPE
 
+// In-place 32-bit products.  Multiplying the same array by random 16-bit
+// values call after call saturates it within two calls, after which the
+// benchmark would measure saturated data only.  Here the source (or the
+// constant) alternates between gains g, signed powers of two near 2^sf,
+// and their counterparts 2^(2 sf) / g, so each pair of calls leaves the
+// data's magnitudes where they were, as a codec applying and removing a
+// gain would.  The data are the case's own, so no other case's leftovers
+// decide what it measures.
+template <class T>
+struct Gains {
+    // One block, the arrays 1 KiB apart modulo 4 KiB (see Buffers).
+    static constexpr int kStride = kElements + 1024 / sizeof(T);
+    std::vector<T> block = std::vector<T>(3 * kStride);
+    T *forward = &block[0], *back = &block[kStride], *data = &block[2 * kStride];
+    bool odd = false;
+    explicit Gains(int sf) {
+        std::mt19937 rng(7);
+        for (int i = 0; i < kElements; ++i) data[i] = randomValue<T>(rng);
+        const int spread = sf >= 2 ? 2 : 0;
+        for (int i = 0; i < kElements; ++i) {
+            const int k = int(rng() % (2 * spread + 1)) - spread;
+            const T sign = rng() % 2 ? T(-1) : T(1);
+            forward[i] = static_cast<T>(sign * (T(1) << (sf + k)));
+            back[i] = static_cast<T>(sign * (T(1) << (sf - k)));
+        }
+    }
+};
+template <class T>
+Call gainCall(VekStatus(VEK_CALL* const* table)(const T*, T*, int, int), int sf) {
+    auto g = std::make_shared<Gains<T>>(sf);
+    auto run = [table, sf, g](int level) {
+        g->odd = !g->odd;
+        table[level](g->odd ? g->back : g->forward, g->data, kElements, sf);
+    };
+    return {run, 2, int(sizeof(T)), true};
+}
+template <class T>
+Call gainCall(VekStatus(VEK_CALL* const* table)(T, T*, int, int), int sf) {
+    auto g = std::make_shared<Gains<T>>(sf);
+    auto run = [table, sf, g](int level) {
+        g->odd = !g->odd;
+        table[level](g->odd ? g->back[0] : g->forward[0], g->data, kElements, sf);
+    };
+    return {run, 2, int(sizeof(T)), true};
+}
+template <class Fn>
+Call gainCall(const Fn* table, int sf) {
+    return call(table, sf);
+}
+
 void push(std::vector<BenchCase>& cases, const char* exportName, std::string name, Call c) {
     const double bytes = double(c.streams) * kElements * c.elementBytes;
     cases.push_back({std::move(name), exportName, kElements, bytes, std::move(c.run)});
@@ -100,6 +152,11 @@ void push(std::vector<BenchCase>& cases, const char* exportName, std::string nam
 // positive one (3 for 16-bit data, 5 for 32-bit data).
 template <class Fn>
 void addArith(std::vector<BenchCase>& cases, const char* name, const Fn* table) {
+    if (std::string(name).find("Mul") != std::string::npos && std::string(name).find("_32s_I") != std::string::npos) {
+        push(cases, name, std::string(name) + "/sf:0", gainCall(table, 0));
+        push(cases, name, std::string(name) + "/sf:5", gainCall(table, 5));
+        return;
+    }
     Call unscaled = call(table, 0);
     if (!unscaled.scaled) return push(cases, name, name, std::move(unscaled));
     const int sf = unscaled.elementBytes == 2 ? 3 : 5;

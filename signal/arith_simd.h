@@ -366,21 +366,58 @@ struct RoundShift64 {
     }
 };
 
+// Operands that all fit in 16 bits, as most codec samples held in 32-bit
+// arrays do, have products exact in 32 bits (|p| <= 2^30): one pmaddwd of
+// the operands' low halves (the high half of one of them cleared) replaces
+// the two 64-bit multiplies, and no result of a positive scale needs
+// saturating.
+inline bool shortOperands(__m128i a, __m128i b) {
+    const __m128i half = _mm_set1_epi32(0x8000);  // moves -32768..32767 to 0..65535
+    const __m128i t = _mm_or_si128(_mm_add_epi32(a, half), _mm_add_epi32(b, half));
+#ifdef __SSE4_1__
+    return _mm_testz_si128(t, _mm_set1_epi32(int(0xFFFF0000u)));
+#else
+    return _mm_movemask_epi8(_mm_cmpeq_epi16(_mm_srli_epi32(t, 16), _mm_setzero_si128())) == 0xFFFF;
+#endif
+}
+inline __m128i shortProducts(__m128i a, __m128i b) {
+    return _mm_madd_epi16(a, _mm_and_si128(b, _mm_set1_epi32(0xFFFF)));
+}
+
+// Ties-to-even shift by sf in 1..30 of 32-bit products |p| <= 2^30 (the
+// sum with the bias stays below 2^31).
+struct RoundShift32 {
+    __m128i count, bias;
+    explicit RoundShift32(int sf) : count(_mm_cvtsi32_si128(sf)), bias(_mm_set1_epi32((1 << (sf - 1)) - 1)) {}
+    __m128i operator()(__m128i p) const {
+        const __m128i odd = _mm_and_si128(_mm_srl_epi32(p, count), _mm_set1_epi32(1));
+        return _mm_sra_epi32(_mm_add_epi32(_mm_add_epi32(p, bias), odd), count);
+    }
+};
+
 template <class Run>
 void scaled32MulKernel(int sf, Run run) {
     if (sf == 0) {
         run([](__m128i a, __m128i b) {
+            if (shortOperands(a, b)) return shortProducts(a, b);
             const Products64 p = products64(a, b);
             return saturate64(p.even, p.odd);
         });
     } else if (sf > 32) {
         run([](__m128i, __m128i) { return _mm_setzero_si128(); });
+    } else if (sf <= 30 && sf > 0) {
+        const RoundShift64 round(sf);
+        const RoundShift32 roundShort(sf);
+        run([=](__m128i a, __m128i b) {
+            return shortOperands(a, b) ? roundShort(shortProducts(a, b)) : round(products64(a, b));
+        });
     } else if (sf > 0) {
         const RoundShift64 round(sf);
         run([=](__m128i a, __m128i b) { return round(products64(a, b)); });
     } else {
         const __m128i count = _mm_cvtsi32_si128(-sf);
         run([=](__m128i a, __m128i b) {
+            if (shortOperands(a, b)) return shiftLeftSat32(shortProducts(a, b), count);
             const Products64 p = products64(a, b);
             return shiftLeftSat32(saturate64(p.even, p.odd), count);
         });

@@ -91,17 +91,43 @@ VEK_INVOKE((T, T*, int, int), v, out, len, sf)                       // (value, 
 VEK_INVOKE((T, T*, int), v, out, len)                                // (value, srcDst, len)
 #undef VEK_INVOKE
 
+// Operands of 32-bit members drawn from the 16-bit range, where the
+// products take a shorter path, with its edges (-32769, -32768, 32767,
+// 32768) and, when `mixed`, a few full-range values so that vectors of
+// either path meet in one call.
+template <class T>
+void fillShort(T* p, int n, bool mixed) {
+    static const int32_t edges[] = {-32769, -32768, 32767, 32768};
+    for (int i = 0; i < n; ++i) {
+        const uint32_t r = rng()();
+        if (mixed && r % 16 == 0) p[i] = randomValue<T>();
+        else if (r % 16 == 1) p[i] = static_cast<T>(edges[(r >> 8) % 4]);
+        else p[i] = static_cast<T>(int32_t(r >> 16) - 32768);
+    }
+}
+
 // Random inputs and a random starting output (the in-place members read
 // it), misaligned starts, every length and scale factor.
 template <class T, class Fn>
 void diffArith(const Fn* table) {
     forShapes<T>([&](int len, int sf, int off) {
         InputArray<T> a(len, off), b(len, (off + 3) % 8);
-        fillRandom(a.data(), len);
-        fillRandom(b.data(), len);
-        const T v = randomValue<T>();
+        const int data = std::is_same_v<T, Vek32s> ? int(rng()() % 3) : 0;  // full range, 16-bit range, mixed
+        if (data == 0) {
+            fillRandom(a.data(), len);
+            fillRandom(b.data(), len);
+        } else {
+            fillShort(a.data(), len, data == 2);
+            fillShort(b.data(), len, data == 2);
+        }
+        T v = randomValue<T>();
+        std::vector<T> initial = randomVector<T>(len);
+        if (data) {
+            fillShort(&v, 1, data == 2);
+            fillShort(initial.data(), len, data == 2);
+        }
         GuardedArray<T> out(len, (off + 5) % 8);
-        compareLevels(out, randomVector<T>(len), [&](int level) {
+        compareLevels(out, initial, [&](int level) {
             return invoke<T>(table[level], a.data(), b.data(), v, out.data(), len, sf);
         }, describe(len, sf, off) + " value " + std::to_string(+v));
     });
