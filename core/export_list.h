@@ -76,6 +76,26 @@ VEK_EXPORT(veksMulC_32f,      plain, sse,   sse,  sse,  sse,  sse,   VekStatus, 
 VEK_EXPORT(veksMulC_32f_I,    plain, sse,   sse,  sse,  sse,  sse,   VekStatus, (Vek32f val, Vek32f* pSrcDst, int len))
 
 // ---- vector shifts, conversions, copy and thresholds (signal/) -------------
+// Integer members use SSE2 from level 2 (SSE alone has no integer vectors);
+// SSE4.1 adds the signed 32-bit min/max of the thresholds and the rounding
+// instruction of the float-to-integer conversion.  Copy and Move call the C
+// runtime's memcpy and memmove, which already pick the widest copy loop the
+// processor has: no level of ours would beat them.
+VEK_EXPORT(veksLShiftC_16s,        plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (const Vek16s* pSrc, int shift, Vek16s* pDst, int len))
+VEK_EXPORT(veksLShiftC_16s_I,      plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (int shift, Vek16s* pSrcDst, int len))
+VEK_EXPORT(veksLShiftC_32s,        plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (const Vek32s* pSrc, int shift, Vek32s* pDst, int len))
+VEK_EXPORT(veksRShiftC_16s,        plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (const Vek16s* pSrc, int shift, Vek16s* pDst, int len))
+VEK_EXPORT(veksRShiftC_16s_I,      plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (int shift, Vek16s* pSrcDst, int len))
+VEK_EXPORT(veksRShiftC_32s,        plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (const Vek32s* pSrc, int shift, Vek32s* pDst, int len))
+VEK_EXPORT(veksRShiftC_32s_I,      plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (int shift, Vek32s* pSrcDst, int len))
+VEK_EXPORT(veksConvert_16s32s,     plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (const Vek16s* pSrc, Vek32s* pDst, int len))
+VEK_EXPORT(veksConvert_32s16s,     plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (const Vek32s* pSrc, Vek16s* pDst, int len))
+VEK_EXPORT(veksConvert_32s32f_Sfs, plain, plain, sse2, sse2, sse2, sse2,  VekStatus, (const Vek32s* pSrc, Vek32f* pDst, int len, int scaleFactor))
+VEK_EXPORT(veksConvert_32f32s_Sfs, plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek32f* pSrc, Vek32s* pDst, int len, int scaleFactor))
+VEK_EXPORT(veksCopy_8u,            plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, Vek8u* pDst, int len))
+VEK_EXPORT(veksMove_8u,            plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, Vek8u* pDst, int len))
+VEK_EXPORT(veksThreshold_GT_32s_I, plain, plain, sse2, sse2, sse2, sse41, VekStatus, (Vek32s* pSrcDst, int len, Vek32s level))
+VEK_EXPORT(veksThreshold_LT_32s_I, plain, plain, sse2, sse2, sse2, sse41, VekStatus, (Vek32s* pSrcDst, int len, Vek32s level))
 
 
 // ---- image copies, sets, mirrors, channel swaps, borders (image/) ----------

@@ -256,6 +256,74 @@ VEK_API VekStatus VEK_CALL veksMulC_32f(const Vek32f* pSrc, Vek32f val, Vek32f* 
 VEK_API VekStatus VEK_CALL veksMulC_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
 
 /* ---- Vector shifts, conversions, copy and thresholds ---------------------- */
+/* Vectors are contiguous and need no alignment; len counts elements.  A
+ * destination may be the very same array as the source; other overlaps are
+ * supported only by veksMove_8u.  Unless stated otherwise the checks are: a
+ * null pointer -> StatusNullPointer, then len < 1 -> StatusSize, then a
+ * negative shift -> StatusShift; nothing is written on failure.
+ *
+ * Left shifts are logical on the element's bits: the bits shifted out are
+ * lost, no saturation.  Right shifts are arithmetic (rounding toward minus
+ * infinity); shifts beyond the element width act as a shift by width - 1,
+ * so the result is the sign of each element (-1 or 0).
+ *
+ * veksLShiftC_16s, veksLShiftC_32s (src, shift, dst, len), checked in order:
+ *   shift 0:           a plain copy of src to dst (null -> StatusNullPointer,
+ *                      len < 1 -> StatusSize);
+ *   shift >= 16 (32):  a null src -> StatusNullPointer; otherwise dst is
+ *                      zero-filled (null dst -> StatusNullPointer, len < 1 ->
+ *                      StatusSize);
+ *   otherwise:         null src or dst, then len < 1, then shift < 0 ->
+ *                      StatusShift; else dst[i] = src[i] << shift.
+ * veksRShiftC_16s, veksRShiftC_32s (src, shift, dst, len), checked in order:
+ *   shift 0:           a plain copy, as above;
+ *   otherwise:         null src or dst, then len < 1, then shift < 0 ->
+ *                      StatusShift; else dst[i] = src[i] >> min(shift, 15 (31)).
+ * The in-place forms (shift, srcDst, len) check a null srcDst, then len < 1,
+ * then shift < 0; shift 0 then leaves the data untouched and succeeds,
+ * veksLShiftC_16s_I clears every element from shift 16 on, and the right
+ * shifts fill each element with its sign from shift 15 (31) on.
+ *
+ * veksConvert_16s32s sign-extends; veksConvert_32s16s saturates to
+ * -32768..32767.
+ *
+ * veksConvert_32s32f_Sfs: dst[i] = src[i] x 2^-scaleFactor rounded once to
+ * single precision, to nearest with ties to even (the exact product is
+ * formed first, so no value is rounded twice).  Results beyond the float
+ * range become +-infinity, tiny ones subnormals or +-0.  Any scaleFactor is
+ * accepted.
+ * veksConvert_32f32s_Sfs: dst[i] = src[i] x 2^-scaleFactor rounded to the
+ * nearest integer, ties to even, saturated to -2147483648..2147483647
+ * (+-infinity saturates); a NaN gives 0.  Any scaleFactor is accepted.
+ * Both assume the processor's default rounding mode (to nearest); with the
+ * flush-to-zero or denormals-are-zero modes set, subnormal values count as
+ * zero on the levels that compute with SSE.
+ *
+ * veksCopy_8u copies len bytes; the regions must not overlap.  veksMove_8u
+ * copies correctly whatever the overlap (the same address does nothing and
+ * succeeds).
+ *
+ * veksThreshold_GT_32s_I replaces every element above level by level;
+ * veksThreshold_LT_32s_I every element below level (signed comparisons).
+ * Any level is accepted. */
+VEK_API VekStatus VEK_CALL veksLShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len);
+VEK_API VekStatus VEK_CALL veksLShiftC_16s_I(int shift, Vek16s* pSrcDst, int len);
+VEK_API VekStatus VEK_CALL veksLShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len);
+VEK_API VekStatus VEK_CALL veksRShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len);
+VEK_API VekStatus VEK_CALL veksRShiftC_16s_I(int shift, Vek16s* pSrcDst, int len);
+VEK_API VekStatus VEK_CALL veksRShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len);
+VEK_API VekStatus VEK_CALL veksRShiftC_32s_I(int shift, Vek32s* pSrcDst, int len);
+
+VEK_API VekStatus VEK_CALL veksConvert_16s32s(const Vek16s* pSrc, Vek32s* pDst, int len);
+VEK_API VekStatus VEK_CALL veksConvert_32s16s(const Vek32s* pSrc, Vek16s* pDst, int len);
+VEK_API VekStatus VEK_CALL veksConvert_32s32f_Sfs(const Vek32s* pSrc, Vek32f* pDst, int len, int scaleFactor);
+VEK_API VekStatus VEK_CALL veksConvert_32f32s_Sfs(const Vek32f* pSrc, Vek32s* pDst, int len, int scaleFactor);
+
+VEK_API VekStatus VEK_CALL veksCopy_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
+VEK_API VekStatus VEK_CALL veksMove_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
+
+VEK_API VekStatus VEK_CALL veksThreshold_GT_32s_I(Vek32s* pSrcDst, int len, Vek32s level);
+VEK_API VekStatus VEK_CALL veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek32s level);
 
 
 /* ---- Images: copies, sets, mirrors, channel swaps, borders --------------- */
