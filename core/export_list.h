@@ -85,8 +85,11 @@ VEK_EXPORT(veksMulC_32f_I,    plain, sse,   sse,  sse,  sse,  sse,   VekStatus, 
 
 
 // ---- checksums (compression/) ----------------------------------------------
-VEK_EXPORT(veksAdler32_8u,    plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pAdler))
-VEK_EXPORT(veksCRC32_8u,      plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pCrc))
+// Adler-32: psadbw/pmaddwd from SSE2, pmaddubsw from SSSE3.  CRC-32: three
+// interleaved slicing streams from level 1, 64 pshufb lanes from SSSE3
+// (no carry-less multiply).
+VEK_EXPORT(veksAdler32_8u,    plain, plain, sse2,  sse2,  ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pAdler))
+VEK_EXPORT(veksCRC32_8u,      plain, sse,   sse,   sse,   ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pCrc))
 
 
 // ---- run-length coding (compression/) --------------------------------------
