@@ -93,6 +93,9 @@ VEK_EXPORT(veksCRC32_8u,      plain, sse,   sse,   sse,   ssse3, ssse3, VekStatu
 
 
 // ---- run-length coding (compression/) --------------------------------------
+// SSE2 finds literal stretches and run ends 16 bytes at a time.
+VEK_EXPORT(veksEncodeRLE_8u,  plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen))
+VEK_EXPORT(veksDecodeRLE_8u,  plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen))
 
 
 // ---- the deflate encoder: state and match finding (compression/) -----------
