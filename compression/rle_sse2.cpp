@@ -17,7 +17,10 @@ inline void store16(Vek8u* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m
 
 struct VectorScan {
     static int literalSpan(const Vek8u* p, int max) {
+        // Text has short stretches: look at a few bytes singly first.
         int k = 0;
+        for (const int few = max < 8 ? max : 8; k < few; ++k)
+            if (p[k] == p[k + 1]) return k;
         for (; k + 16 <= max; k += 16) {  // reads p[k..k+16], within p[0..max]
             const int equal = _mm_movemask_epi8(_mm_cmpeq_epi8(load16(p + k), load16(p + k + 1)));
             if (equal) return k + __builtin_ctz(unsigned(equal));
