@@ -105,11 +105,17 @@ VEK_EXPORT(veksThreshold_LT_32s_I, plain, plain, sse2, sse2, sse2, sse41, VekSta
 
 
 // ---- checksums (compression/) ----------------------------------------------
-VEK_EXPORT(veksAdler32_8u,    plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pAdler))
-VEK_EXPORT(veksCRC32_8u,      plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pCrc))
+// Adler-32: psadbw/pmaddwd from SSE2, pmaddubsw from SSSE3.  CRC-32: three
+// interleaved slicing streams from level 1, 64 pshufb lanes from SSSE3
+// (no carry-less multiply).
+VEK_EXPORT(veksAdler32_8u,    plain, plain, sse2,  sse2,  ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pAdler))
+VEK_EXPORT(veksCRC32_8u,      plain, sse,   sse,   sse,   ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pCrc))
 
 
 // ---- run-length coding (compression/) --------------------------------------
+// SSE2 finds literal stretches and run ends 16 bytes at a time.
+VEK_EXPORT(veksEncodeRLE_8u,  plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen))
+VEK_EXPORT(veksDecodeRLE_8u,  plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen))
 
 
 // ---- the deflate encoder: state and match finding (compression/) -----------

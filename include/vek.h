@@ -349,6 +349,27 @@ VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc
 
 
 /* ---- Run-length coding ---------------------------------------------------- */
+/* A byte-oriented run-length code.  Items: a literal byte b (the byte after
+ * it differs), or the three bytes b, b, n standing for n + 2 copies of b
+ * (runs of 2 to 257; a longer run is split into runs of 257 and the rest,
+ * a rest of one byte being a literal).  The last 2 bytes of a coded chunk
+ * are plain bytes: the encoder writes source bytes plainly once only 2
+ * bytes of room are left, and the decoder copies the last 2 bytes of its
+ * source as they are.  So decode each coded chunk on its own, with exactly
+ * the length the encoder produced for it (concatenated chunks do not
+ * decode as one).
+ *
+ * Both functions code as much of *ppSrc (*pSrcLen bytes) as fits pDst
+ * (*pDstLen bytes of room), then advance *ppSrc and reduce *pSrcLen by the
+ * bytes taken and set *pDstLen to the bytes written.  They return StatusOk
+ * when the whole source was taken, else StatusDstSize: call again with the
+ * advanced source and fresh room.  The decoder writes a run item whole or
+ * not at all, stopping with *ppSrc at the item that did not fit.
+ * A null ppSrc, *ppSrc, pSrcLen, pDst or pDstLen gives StatusNullPointer;
+ * then *pSrcLen < 1 or *pDstLen < 1 gives StatusSize; nothing is written
+ * on failure.  No bytes of pDst beyond the reported count are touched. */
+VEK_API VekStatus VEK_CALL veksEncodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen);
+VEK_API VekStatus VEK_CALL veksDecodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen);
 
 
 /* ---- The deflate encoder: state and match finding ------------------------- */

@@ -1,6 +1,12 @@
 // CRC-32 and Adler-32: every level against level 0 over every length and
-// alignment, level 0 against bitwise references written from the
-// definitions, and the rules at entry.
+// alignment, every level against zlib and against bitwise references
+// written from the definitions, the zero-byte advance tables of the fast
+// levels, and the rules at entry.
+#ifdef VEK_HAVE_ZLIB
+#include <zlib.h>
+#endif
+
+#include "compression/crc32_shift_tables.h"
 #include "compression/crc32_tables.h"
 #include "harness.h"
 
@@ -38,7 +44,12 @@ std::vector<uint8_t> checksumInput(int len) {
 template <class Fn>
 void diffChecksum(Fn* const* table, bool adler) {
     std::vector<int> lengths = testLengths();
-    for (int len : {5551, 5552, 5553, 11104, 11111, 65536 + 7}) lengths.push_back(len);
+    // Adler blocks; then each size of stream group the fast CRC levels use
+    // (pieces of 64, 512 and 4096 bytes in threes, 16 and 256 in 64 lanes)
+    // alone, with a byte more, and mixed.
+    for (int len : {5551, 5552, 5553, 11104, 11111, 65536 + 7, 191, 192, 193, 1023, 1024, 1025, 1536, 1537,
+                    12288, 16384, 16383, 16384 + 12288 + 1536 + 1024 + 192 + 7})
+        lengths.push_back(len);
     for (int round = 0; round < rounds(2); ++round)
         for (int len : lengths) {
             const std::vector<uint8_t> data = checksumInput(len);
@@ -46,7 +57,12 @@ void diffChecksum(Fn* const* table, bool adler) {
             InputArray<Vek8u> src(len, offset);
             if (len) memcpy(src.data(), data.data(), len);
             GuardedArray<Vek32u> value(1);
-            const Vek32u start = adler ? (rng()() % 2 ? 1 : referenceAdler32(data.data(), len / 3, 1)) : rng()();
+            // Adler also from sums that were never reduced (A or B up to 65535).
+            const Vek32u unreduced[] = {0xFFFFFFFFu, 0xFFF0FFF0u, 0x0000FFFFu};
+            const Vek32u start = !adler         ? Vek32u(rng()())
+                                 : rng()() % 2  ? 1
+                                 : rng()() % 4 ? referenceAdler32(data.data(), len / 3, 1)
+                                               : unreduced[rng()() % 3];
             compareLevels(value, {start}, [&](int level) { return int(table[level](src.data(), len, value.data())); },
                           "len " + std::to_string(len) + " offset " + std::to_string(offset));
         }
@@ -63,6 +79,48 @@ TEST(Checksums, CrcTablesFollowFromThePolynomial) {
         for (int k = 1; k < 8; ++k) ASSERT_EQ(K[k][i], (K[k - 1][i] >> 8) ^ K[0][K[k - 1][i] & 0xFF]) << k << " " << i;
     }
 }
+
+// advance() of every table is the register after that many zero bytes.
+template <size_t kBytes>
+void expectAdvance() {
+    const std::vector<uint8_t> zeros(kBytes, 0);
+    for (int i = 0; i < 64; ++i) {
+        const uint32_t c = i < 32 ? 1u << i : uint32_t(rng()());
+        // referenceCrc32 takes and gives finished values: invert around it.
+        EXPECT_EQ(vek::crc32::advance(vek::crc32::kAdvance<kBytes>, c), ~referenceCrc32(zeros.data(), kBytes, ~c))
+            << kBytes << " bytes, register " << c;
+    }
+}
+TEST(Checksums, AdvanceTablesMatchZeroBytes) {
+    expectAdvance<16>();
+    expectAdvance<64>();
+    expectAdvance<256>();
+    expectAdvance<512>();
+    expectAdvance<4096>();
+}
+
+#ifdef VEK_HAVE_ZLIB
+// zlib's crc32 and adler32 continue from a seed as ours do (CRC from 0,
+// Adler from 1): every level equals them for every length up to a few
+// hundred at every alignment, for long inputs, and from random seeds.
+TEST(Checksums, EveryLevelEqualsZlib) {
+    std::vector<int> lengths;
+    for (int n = 1; n <= 400; ++n) lengths.push_back(n);
+    for (int n : {1000, 4099, 12288 + 5, 16384, 65536, 65536 + 16384 + 3000 + 1, 1 << 20}) lengths.push_back(n);
+    const std::vector<uint8_t> data = checksumInput((1 << 20) + 16);
+    for (int level : availableLevels())
+        for (int len : lengths)
+            for (int offset = 0; offset < (len > 400 ? 3 : 16); ++offset) {
+                const uint8_t* p = data.data() + offset;
+                const Vek32u seed = rng()() % 2 ? 0 : Vek32u(rng()());
+                Vek32u crc = seed, adler = 1;
+                vekTable_veksCRC32_8u[level](p, len, &crc);
+                vekTable_veksAdler32_8u[level](p, len, &adler);
+                ASSERT_EQ(crc, ::crc32(seed, p, uInt(len))) << "level " << level << " len " << len << " offset " << offset;
+                ASSERT_EQ(adler, ::adler32(1, p, uInt(len))) << "level " << level << " len " << len << " offset " << offset;
+            }
+}
+#endif
 
 TEST(Checksums, KnownValuesAndSplitsOnEveryLevel) {
     const uint8_t digits[] = "123456789";
