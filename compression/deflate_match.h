@@ -14,10 +14,10 @@
 // the history, so a candidate in the history reads on into the new input
 // as one contiguous string of up to 258 bytes.
 //
-// Candidates are taken only from 1 (0 for the fast class outside the calls
-// around a history cut) up to the current position minus one, and at most
-// 32767 bytes back: so every candidate lies in bytes this state holds, even
-// when a hash-table entry was left by an earlier stretch of the stream.
+// Candidates are taken only from position 0 (1 in the calls around a
+// history cut) up to the current position minus one, and at most 32767
+// bytes back: so every candidate lies in bytes this state holds, even when
+// a hash-table entry was left by an earlier stretch of the stream.
 
 namespace {
 
@@ -245,7 +245,7 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
     const int histFill = static_cast<int>(s.historyPos - s.history);
     memcpy(s.history + histFill, src, srcLen < deflate::kMaxMatch ? srcLen : deflate::kMaxMatch);
 
-    int lowest = cut || s.comprClass != deflate::kClassFast ? 1 : 0;
+    int lowest = cut ? 1 : 0;
     if (base - histFill > lowest) lowest = base - histFill;
     MatchFinder finder(s, src, base, histFill, base + srcLen, *ppPairs, pairSpace, lowest);
     const int consumed = finder.run(s.comprClass) - base;
