@@ -351,6 +351,80 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SetPairs_8u(Vek16u* pPairs, int pairsCo
 
 
 /* ---- The deflate encoder: block coding and trailer ------------------------ */
+/* The second stage of the deflate encoder: the pairs made by
+ * veksEncodeLZ77_8u written as RFC 1951 blocks into the caller's output,
+ * and the zlib or gzip trailer.  A pair is two Vek16u: a literal byte and 0,
+ * or a match length 3..258 and its distance 1..32768.
+ *
+ * Streaming: ppPairs/pPairsLen (or ppSrc/pSrcLen) and ppDst/pDstLen are
+ * advanced and reduced by what was consumed and produced.  When the output
+ * fills first a coder returns StatusDstSize (33); call it again with more
+ * room and the rest of its input and it goes on where it stopped (the same
+ * coder: another coder called while a block is open returns
+ * StatusContextMismatch).  The bytes are the same however the output is cut,
+ * down to one byte per call.  Pending bits wait in the state between calls
+ * and every coder writes them first.  Nothing beyond the bytes reported as
+ * produced is written.  Every block a coder writes holds exactly the pairs
+ * (or bytes) of the call that opened it.
+ *
+ * flush: 3 marks the stream's last block (BFINAL = 1); any other value a
+ * block that more follow.  The coder of the last block pads it to a byte
+ * boundary and writes every byte of it; when it has, it returns StatusOk and
+ * sets the stream status to 3, so the trailer starts on a byte.
+ *
+ * Stream status (GetStatus/SetStatus): 0 after initialisation, 3 once the
+ * last block is written; any other value is stored as given.
+ * veksEncodeLZ77SetStatus_8u with 1 empties the pair list (back to the
+ * state's own storage, capacity 65280); with 2 makes the capacity the count
+ * of pairs held and the count 0, and lets the next SelectHuffMode decide
+ * afresh.  Null pointers: StatusNullPointer. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77GetStatus_8u(int* pStatus, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateState* pState);
+
+/* Fixed (0) or dynamic (1) codes for the pairs, by their skew: with the
+ * distinct literal/length symbols listed in order of first appearance and
+ * c(k) the count of the k-th, m = (sum of k * c(k)) / pairsCount; mode 1
+ * when the largest count exceeds c(m) by pairsCount / 4 or more (rounded
+ * down), else 0.  No bit counts are compared.  Zero pairs give mode 0.
+ * Decides only after SetStatus(2); otherwise writes the previous decision.
+ * Checks: null pointer -> StatusNullPointer; pairsCount < 0 -> StatusSize;
+ * a pair outside the ranges above -> StatusBadArgument. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pairsCount, int* pHuffMode,
+                                                           VekDeflateState* pState);
+
+/* One block of the given pairs with the fixed codes (type 01) or with codes
+ * built for them (type 10: code lengths at most 15 bits, code-length code
+ * at most 7 bits, the run codes 16/17/18; every code complete).  Checks, in
+ * order: a null pointer (including *ppPairs, *ppDst) -> StatusNullPointer;
+ * *pDstLen < 0 or *pPairsLen < 0 -> StatusSize; *pDstLen = 0 ->
+ * StatusDstSize; another block type open -> StatusContextMismatch; a pair
+ * outside the ranges above, or one whose symbols have no code in the
+ * dynamic block being resumed -> StatusBadArgument. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77FixedHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
+                                                      int* pDstLen, int flush, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
+                                                        int* pDstLen, int flush, VekDeflateState* pState);
+
+/* One stored block (type 00) of *pSrcLen bytes (0..65535): 3 header bits,
+ * zero bits to the byte boundary, LEN and NLEN, the bytes.  A call that
+ * resumes the block passes the rest of its bytes.  Checks, in order: a null
+ * pointer -> StatusNullPointer; *pDstLen = 0 -> StatusDstSize; *pDstLen < 0,
+ * *pSrcLen outside 0..65535 or fewer than the rest of the open block ->
+ * StatusSize; a Huffman block open -> StatusContextMismatch. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst,
+                                                        int* pDstLen, int flush, VekDeflateState* pState);
+
+/* The trailer, after the last block: checksum kind 1 writes the running
+ * checksum most significant byte first (4 bytes); kinds 2 and 0 write the
+ * running checksum and then the stream position (input bytes taken), each
+ * least significant byte first (8 bytes: gzip's CRC32 and ISIZE).  The
+ * state's running checksum starts from 0 for both kinds, so a zlib caller
+ * that needs the true Adler-32 (which starts from 1) computes it with
+ * veksAdler32_8u.  Stops on a full output and goes on in the next call.
+ * Checks: null pointer -> StatusNullPointer; *pDstLen < 0 -> StatusSize;
+ * stream status not 3 or another checksum kind -> StatusUnknown; *pDstLen = 0
+ * -> StatusDstSize. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, VekDeflateState* pState);
 
 
 #ifdef __cplusplus
