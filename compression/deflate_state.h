@@ -46,22 +46,39 @@ struct SymbolCount {
     Vek32u count;
 };
 
-// What the block coders keep between calls.
+// What the block coders keep between calls.  A coder stops when the output
+// is full and the next call goes on from here: the pending bits, how far
+// the open block has got (its header step, or the stored block's
+// sub-state and byte count) and the codes of the open dynamic block.
 struct BlockCoder {
-    Vek32u bitBuffer = 0;   // pending bits, least significant first
+    Vek64u bitBuffer = 0;   // pending bits, least significant first (up to 63)
     int bitCount = 0;
     int subStatus = 0;      // 2: a new block may be decided; 3: stopped on a full output; 5: nothing pending
     int storedState = 0;    // 0..3: how far the stored block's header has gone
-    int storedDone = 0;     // bytes of the stored block's header and data written
+    int storedDone = 0;     // bytes written of the stored block's current part (LEN/NLEN or data)
+    int storedLength = 0;   // LEN of the open stored block
     Vek8u trailer[8] = {};  // the trailer being written
     int trailerDone = 0;    // its bytes already written
+    int trailerLength = 0;  // 4 or 8 while a trailer is being written, else 0
     int huffMode = 0;       // the last decision of SelectHuffMode: 0 fixed, 1 dynamic
+    int blockPhase = 0;     // Huffman block: 0 none open, 1 header, 2 pairs, 3 end of block, 4 closing
+    int blockType = 0;      // of the open Huffman block: 1 fixed, 2 dynamic
+    int blockFinal = 0;     // the open block is the stream's last
+    int headerStep = 0;     // header items of the open block already put in
     SymbolCount litLen[kLitLenSymbols] = {};
     SymbolCount dist[kDistSymbols] = {};
     Vek16u litLenCode[kLitLenSymbols] = {};  // codes of the current dynamic block (bit-reversed)
     Vek8u litLenBits[kLitLenSymbols] = {};
     Vek16u distCode[kDistSymbols] = {};
     Vek8u distBits[kDistSymbols] = {};
+    // The dynamic block's header: the counts sent, the code-length code and
+    // the run-length coded code lengths (symbol 0..18 and its extra bits).
+    int litLenSent = 0, distSent = 0, codeLengthsSent = 0;
+    Vek16u codeLengthCode[19] = {};
+    Vek8u codeLengthBits[19] = {};
+    int runCount = 0;
+    Vek8u runSymbol[kLitLenSymbols + kDistSymbols] = {};
+    Vek8u runExtra[kLitLenSymbols + kDistSymbols] = {};
 };
 
 struct DeflateState {
@@ -84,8 +101,9 @@ struct DeflateState {
 
     int streamStatus = 0;           // read and written by Get/SetStatus and the coders
     int lastFlush = 0;              // flush mode of the previous encoding call
+    int linkedEnd = 0;              // positions below it are already in the hash tables
 
-    alignas(16) Vek8u history[kHistorySize];
+    Vek8u history[kHistorySize];
     Pair pairStorage[kPairCapacity];
 };
 

@@ -373,9 +373,147 @@ VEK_API VekStatus VEK_CALL veksDecodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, V
 
 
 /* ---- The deflate encoder: state and match finding ------------------------- */
+/* The first stage of a deflate (RFC 1951) encoder: input bytes become LZ77
+ * pairs, and the running checksum of the input is kept for the trailer.
+ *
+ * A pair is two Vek16u: {byte, 0} for a literal, {length 3..258, distance
+ * 1..32767} for a match.  Pair counts and capacities count pairs.
+ *
+ * The state is one block of veksEncodeLZ77GetSize_8u bytes that the caller
+ * owns.  veksEncodeLZ77Init_8u prepares a caller block, which must be
+ * aligned for a pointer (any malloc or veksMalloc_8u block is), else
+ * StatusBadArgument; the state points into itself, so it must not be moved
+ * or copied after Init.  veksEncodeLZ77InitAlloc_8u allocates one with
+ * veksMalloc_8u (StatusMemoryAllocated when that fails, *ppState then
+ * unchanged); veksLZ77Free_8u releases it (null is ignored).
+ *   comprClass: 0 fast (one candidate per position), 2 best (lazy matching,
+ *     up to 512 candidates), anything else default (greedy, 16 candidates).
+ *   checksumKind: 1 Adler-32 (zlib wrapper), 2 CRC-32 (gzip wrapper), other
+ *     values none.  The running checksum starts from 0 for both kinds: the
+ *     Adler-32 start value 1 is not put in.
+ * veksEncodeLZ77Reset_8u starts a new stream with the same class and
+ * checksum kind: history, checksum, stream position, stream status and the
+ * block coder are cleared, and the pair list is the state's own again,
+ * empty, with room for 65280 pairs.
+ *
+ * veksEncodeLZ77SetDictionary_8u preloads the history with the last
+ * min(dictLen, 32768) bytes of pDict.  Null pointer: StatusNullPointer;
+ * dictLen < 0: StatusSize; dictLen < 3: nothing done, StatusOk; once an
+ * encoding call has run (until Reset): StatusUnknown.  A second dictionary
+ * replaces the first.  The dictionary bytes count in the stream position
+ * but not in the checksum.
+ *
+ * veksEncodeLZ77_8u takes bytes from *ppSrc (*pSrcLen of them) and writes
+ * pairs at *ppPairs (room for *pPairsLen); both are advanced by what was
+ * consumed and written.  Checks: a null pointer (including *ppPairs, and
+ * *ppSrc when *pSrcLen > 0): StatusNullPointer; *pPairsLen or *pSrcLen
+ * negative: StatusSize; *pPairsLen = 0: StatusDstSize at once; *pSrcLen = 0:
+ * StatusOk at once (with flush 2 the history is still cut).  The last 2
+ * bytes of every call (3 under the best class) are written as literals, so
+ * a stream fed in many calls compresses a little worse than in one.  When
+ * the pairs run out the call stops and returns StatusDstSize; calling again
+ * with more room gives the same pairs as one larger call would have.
+ * flush = 2 cuts the history: that call and the next one see no earlier
+ * bytes and leave none behind, so no match reaches back across the cut.
+ * Other flush values do not change the matching.  The consumed bytes are
+ * added to the running checksum, and the stream status becomes 1 if it was
+ * 0 (the stream has begun).  A stream takes at most 2^31 - 65537 bytes
+ * between Init, Reset and history cuts; a call beyond that gets StatusSize.
+ *
+ * veksEncodeLZ77GetPairs_8u reports the pair list the block coders read:
+ * where it starts, how many pairs it holds and its capacity (any null
+ * pointer: StatusNullPointer).  veksEncodeLZ77SetPairs_8u replaces them;
+ * a null pPairs gives StatusNullPointer, pairsCount < 0 or pairsCapacity <
+ * pairsCount StatusSize. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77GetSize_8u(int* pSize);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77Init_8u(int comprClass, int checksumKind, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77InitAlloc_8u(int comprClass, int checksumKind, VekDeflateState** ppState);
+VEK_API void      VEK_CALL veksLZ77Free_8u(void* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77Reset_8u(VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLen, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77_8u(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* pPairsLen,
+                                             int flush, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77GetPairs_8u(Vek16u** ppPairs, int* pPairsCount, int* pPairsCapacity,
+                                                     VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77SetPairs_8u(Vek16u* pPairs, int pairsCount, int pairsCapacity,
+                                                     VekDeflateState* pState);
 
 
 /* ---- The deflate encoder: block coding and trailer ------------------------ */
+/* The second stage of the deflate encoder: the pairs made by
+ * veksEncodeLZ77_8u written as RFC 1951 blocks into the caller's output,
+ * and the zlib or gzip trailer.  A pair is two Vek16u: a literal byte and 0,
+ * or a match length 3..258 and its distance 1..32768.
+ *
+ * Streaming: ppPairs/pPairsLen (or ppSrc/pSrcLen) and ppDst/pDstLen are
+ * advanced and reduced by what was consumed and produced.  When the output
+ * fills first a coder returns StatusDstSize (33); call it again with more
+ * room and the rest of its input and it goes on where it stopped (the same
+ * coder: another coder called while a block is open returns
+ * StatusContextMismatch).  The bytes are the same however the output is cut,
+ * down to one byte per call.  Pending bits wait in the state between calls
+ * and every coder writes them first.  Nothing beyond the bytes reported as
+ * produced is written.  Every block a coder writes holds exactly the pairs
+ * (or bytes) of the call that opened it.
+ *
+ * flush: 3 marks the stream's last block (BFINAL = 1); any other value a
+ * block that more follow.  The coder of the last block pads it to a byte
+ * boundary and writes every byte of it; when it has, it returns StatusOk and
+ * sets the stream status to 3, so the trailer starts on a byte.
+ *
+ * Stream status (GetStatus/SetStatus): 0 after initialisation, 3 once the
+ * last block is written; any other value is stored as given.
+ * veksEncodeLZ77SetStatus_8u with 1 empties the pair list (back to the
+ * state's own storage, capacity 65280); with 2 makes the capacity the count
+ * of pairs held and the count 0, and lets the next SelectHuffMode decide
+ * afresh.  Null pointers: StatusNullPointer. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77GetStatus_8u(int* pStatus, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateState* pState);
+
+/* Fixed (0) or dynamic (1) codes for the pairs, by their skew: with the
+ * distinct literal/length symbols listed in order of first appearance and
+ * c(k) the count of the k-th, m = (sum of k * c(k)) / pairsCount; mode 1
+ * when the largest count exceeds c(m) by pairsCount / 4 or more (rounded
+ * down), else 0.  No bit counts are compared.  Zero pairs give mode 0.
+ * Decides only after SetStatus(2); otherwise writes the previous decision.
+ * Checks: null pointer -> StatusNullPointer; pairsCount < 0 -> StatusSize;
+ * a pair outside the ranges above -> StatusBadArgument. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pairsCount, int* pHuffMode,
+                                                           VekDeflateState* pState);
+
+/* One block of the given pairs with the fixed codes (type 01) or with codes
+ * built for them (type 10: code lengths at most 15 bits, code-length code
+ * at most 7 bits, the run codes 16/17/18; every code complete).  Checks, in
+ * order: a null pointer (including *ppPairs, *ppDst) -> StatusNullPointer;
+ * *pDstLen < 0 or *pPairsLen < 0 -> StatusSize; *pDstLen = 0 ->
+ * StatusDstSize; another block type open -> StatusContextMismatch; a pair
+ * outside the ranges above, or one whose symbols have no code in the
+ * dynamic block being resumed -> StatusBadArgument. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77FixedHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
+                                                      int* pDstLen, int flush, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
+                                                        int* pDstLen, int flush, VekDeflateState* pState);
+
+/* One stored block (type 00) of *pSrcLen bytes (0..65535): 3 header bits,
+ * zero bits to the byte boundary, LEN and NLEN, the bytes.  A call that
+ * resumes the block passes the rest of its bytes.  Checks, in order: a null
+ * pointer -> StatusNullPointer; *pDstLen = 0 -> StatusDstSize; *pDstLen < 0,
+ * *pSrcLen outside 0..65535 or fewer than the rest of the open block ->
+ * StatusSize; a Huffman block open -> StatusContextMismatch. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst,
+                                                        int* pDstLen, int flush, VekDeflateState* pState);
+
+/* The trailer, after the last block: checksum kind 1 writes the running
+ * checksum most significant byte first (4 bytes); kinds 2 and 0 write the
+ * running checksum and then the stream position (input bytes taken), each
+ * least significant byte first (8 bytes: gzip's CRC32 and ISIZE).  The
+ * state's running checksum starts from 0 for both kinds, so a zlib caller
+ * that needs the true Adler-32 (which starts from 1) computes it with
+ * veksAdler32_8u.  Stops on a full output and goes on in the next call.
+ * Checks: null pointer -> StatusNullPointer; *pDstLen < 0 -> StatusSize;
+ * stream status not 3 or another checksum kind -> StatusUnknown; *pDstLen = 0
+ * -> StatusDstSize. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, VekDeflateState* pState);
 
 
 #ifdef __cplusplus

@@ -1,0 +1,355 @@
+// The deflate encoder's second stage: pair lists written as RFC 1951
+// blocks (fixed codes, dynamic codes or stored), the choice between fixed
+// and dynamic codes, the zlib/gzip trailer and the stream status.
+//
+// Every coder goes through the state's bit buffer and can stop whenever the
+// output is full: an item (a pair, a header entry, the end-of-block code)
+// is put in only while at most 15 bits wait, so the buffer never holds more
+// than 63, and the state records how far the open block has got.  The next
+// call drains the waiting bytes and goes on, so the bytes are the same
+// however the output is cut.  The last block's coder (flush 3) pads the
+// bits to a byte boundary and writes them all before it reports the block
+// done and sets the stream status to 3; the trailer then starts on a byte.
+//
+// All levels share this code: it is table look-ups and shifts, where no
+// vector instruction set helps.
+#include <string.h>
+
+#include "compression/deflate_huffman.h"
+#include "compression/deflate_tables.h"
+#include "core/dispatch.h"
+
+namespace vek::plain {
+namespace {
+using namespace vek::deflate;
+using namespace vek::plain::deflate;
+
+constexpr int kFixedBlock = 1, kDynamicBlock = 2;
+enum Phase { kNoBlock = 0, kHeader = 1, kPairs = 2, kEndCode = 3, kClosing = 4 };
+constexpr int kStreamComplete = 3;                             // stream status after the last block
+constexpr int kNewBlock = 2, kStopped = 3, kNothingPending = 5;  // block sub-status
+
+// The bit buffer and the output as one call works on them.
+struct BitOutput {
+    Vek8u* dst;
+    int room;
+    Vek64u bits;
+    int count;
+
+    void put(Vek32u value, int n) {
+        bits |= Vek64u(value) << count;
+        count += n;
+    }
+    void drainBytes() {
+        for (; count >= 8 && room > 0; --room, count -= 8, bits >>= 8) *dst++ = Vek8u(bits);
+    }
+    // Drains what it can; true when an item of up to 48 bits may go in.
+    bool ready() {
+        if (room >= 6) {  // whole words while the output has room for them
+            if (count >= 32) store(4);
+            if (count >= 16) store(2);
+            return true;
+        }
+        drainBytes();
+        return count <= 15;
+    }
+    void store(int bytes) {
+        for (int i = 0; i < bytes; ++i) dst[i] = Vek8u(bits >> (8 * i));
+        dst += bytes;
+        room -= bytes;
+        bits >>= 8 * bytes;
+        count -= 8 * bytes;
+    }
+};
+
+BitOutput openOutput(Vek8u* dst, int room, const BlockCoder& c) { return {dst, room, c.bitBuffer, c.bitCount}; }
+void keepOutput(const BitOutput& out, Vek8u** ppDst, int* pDstLen, BlockCoder& c) {
+    *ppDst = out.dst;
+    *pDstLen = out.room;
+    c.bitBuffer = out.bits;
+    c.bitCount = out.count;
+}
+
+bool pairValid(Vek16u value, Vek16u distance) {
+    return distance == 0 ? value <= 255 : value >= kMinMatch && value <= kMaxMatch && distance <= kWindowSize;
+}
+bool pairsValid(const Vek16u* pairs, int count) {
+    for (int i = 0; i < count; ++i)
+        if (!pairValid(pairs[2 * i], pairs[2 * i + 1])) return false;
+    return true;
+}
+// Pairs coded into an open dynamic block must have codes in it.
+bool pairsCoded(const Vek16u* pairs, int count, const BlockCoder& c) {
+    for (int i = 0; i < count; ++i, pairs += 2) {
+        if (pairs[1] == 0 ? !c.litLenBits[pairs[0]]
+                          : !c.litLenBits[kFirstLengthSymbol + lengthCodeOf(pairs[0])] ||
+                                !c.distBits[distanceCodeOf(pairs[1])])
+            return false;
+    }
+    return true;
+}
+
+// Header item `step` of the open block: bits and count.
+struct Item {
+    Vek32u bits;
+    int count;
+};
+int headerItems(const BlockCoder& c) { return c.blockType == kFixedBlock ? 1 : 1 + c.codeLengthsSent + c.runCount; }
+Item headerItem(const BlockCoder& c, int step) {
+    const Vek32u head = Vek32u(c.blockFinal) | Vek32u(c.blockType) << 1;
+    if (c.blockType == kFixedBlock) return {head, 3};
+    if (step == 0)
+        return {head | Vek32u(c.litLenSent - 257) << 3 | Vek32u(c.distSent - 1) << 8 |
+                    Vek32u(c.codeLengthsSent - 4) << 13,
+                17};
+    if (step <= c.codeLengthsSent) return {c.codeLengthBits[kCodeLengthOrder[step - 1]], 3};
+    const int k = step - 1 - c.codeLengthsSent, symbol = c.runSymbol[k];
+    const int extraBits = symbol == 16 ? 2 : symbol == 17 ? 3 : symbol == 18 ? 7 : 0;
+    return {c.codeLengthCode[symbol] | Vek32u(c.runExtra[k]) << c.codeLengthBits[symbol],
+            c.codeLengthBits[symbol] + extraBits};
+}
+
+VekStatus stopped(BlockCoder& c) {
+    c.subStatus = kStopped;
+    return StatusDstSize;
+}
+
+// Ends a block: sub-status, and the stream status after the last block.
+VekStatus blockDone(DeflateState& s) {
+    s.coder.subStatus = kNothingPending;
+    if (s.coder.blockFinal) s.streamStatus = kStreamComplete;
+    return StatusOk;
+}
+
+VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush,
+                       VekDeflateState* pState) {
+    if (!ppPairs || !*ppPairs || !pPairsLen || !ppDst || !*ppDst || !pDstLen || !pState) return StatusNullPointer;
+    if (*pDstLen < 0 || *pPairsLen < 0) return StatusSize;
+    DeflateState& s = *stateOf(pState);
+    BlockCoder& c = s.coder;
+    if (*pDstLen == 0) return stopped(c);
+    if (c.storedState != 0 || (c.blockPhase != kNoBlock && c.blockType != type)) return StatusContextMismatch;
+    const Vek16u* pairs = *ppPairs;
+    int left = *pPairsLen;
+    if (c.blockPhase <= kPairs) {
+        if (!pairsValid(pairs, left)) return StatusBadArgument;
+        if (c.blockPhase != kNoBlock && type == kDynamicBlock && !pairsCoded(pairs, left, c)) return StatusBadArgument;
+    }
+
+    if (c.blockPhase == kNoBlock) {
+        c.blockType = type;
+        c.blockFinal = flush == kFlushFinal;
+        c.headerStep = 0;
+        c.blockPhase = kHeader;
+        if (type == kDynamicBlock) {
+            countSymbols(pairs, left, c);
+            buildDynamicCodes(c);
+        }
+    }
+    BitOutput out = openOutput(*ppDst, *pDstLen, c);
+    VekStatus status = StatusDstSize;
+    if (c.blockPhase == kHeader) {
+        for (const int items = headerItems(c); c.headerStep < items && out.ready(); ++c.headerStep) {
+            const Item item = headerItem(c, c.headerStep);
+            out.put(item.bits, item.count);
+        }
+        if (c.headerStep == headerItems(c)) c.blockPhase = kPairs;
+    }
+
+    const bool fixed = type == kFixedBlock;
+    const Vek16u* litLenCode = fixed ? kCodeTables.fixedLitLenCode : c.litLenCode;
+    const Vek8u* litLenBits = fixed ? kCodeTables.fixedLitLenBits : c.litLenBits;
+    if (c.blockPhase == kPairs) {
+        // Length symbol and extra bits of every match length, put in as one.
+        Item lengthItem[kMaxMatch + 1 - kMinMatch];
+        for (int len = kMinMatch; len <= kMaxMatch; ++len) {
+            const int code = lengthCodeOf(len), symbol = kFirstLengthSymbol + code;
+            lengthItem[len - kMinMatch] = {litLenCode[symbol] | Vek32u(len - kLengthBase[code]) << litLenBits[symbol],
+                                           litLenBits[symbol] + kLengthExtra[code]};
+        }
+        Vek8u fixedDistanceBits[kDistSymbols];
+        memset(fixedDistanceBits, 5, sizeof fixedDistanceBits);
+        const Vek16u* distanceCode = fixed ? kCodeTables.fixedDistanceCode : c.distCode;
+        const Vek8u* distanceBits = fixed ? fixedDistanceBits : c.distBits;
+        for (; left > 0 && out.ready(); --left, pairs += 2) {
+            const Vek16u value = pairs[0], distance = pairs[1];
+            if (distance == 0) {
+                out.put(litLenCode[value], litLenBits[value]);
+            } else {
+                const Item& length = lengthItem[value - kMinMatch];
+                out.put(length.bits, length.count);
+                const int code = distanceCodeOf(distance);
+                out.put(distanceCode[code] | Vek32u(distance - kDistanceBase[code]) << distanceBits[code],
+                        distanceBits[code] + kDistanceExtra[code]);
+            }
+        }
+        if (left == 0) c.blockPhase = kEndCode;
+    }
+    if (c.blockPhase == kEndCode && out.ready()) {
+        out.put(litLenCode[kEndOfBlock], litLenBits[kEndOfBlock]);
+        if (c.blockFinal) out.count = (out.count + 7) & ~7;  // the last block ends on a byte
+        c.blockPhase = kClosing;
+    }
+    if (c.blockPhase == kClosing) {
+        out.drainBytes();
+        if (out.count < (c.blockFinal ? 1 : 8)) {
+            c.blockPhase = kNoBlock;
+            status = blockDone(s);
+        }
+    }
+    keepOutput(out, ppDst, pDstLen, c);
+    *ppPairs = pairs;
+    *pPairsLen = left;
+    return status == StatusOk ? status : stopped(c);
+}
+
+}  // namespace
+
+VekStatus VEK_CALL veksEncodeLZ77GetStatus_8u(int* pStatus, VekDeflateState* pState) {
+    if (!pStatus || !pState) return StatusNullPointer;
+    *pStatus = stateOf(pState)->streamStatus;
+    return StatusOk;
+}
+
+VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateState* pState) {
+    if (!pState) return StatusNullPointer;
+    DeflateState& s = *stateOf(pState);
+    s.streamStatus = status;
+    if (status == 1) {  // an empty list in the state's own storage
+        s.pairs = s.pairStorage;
+        s.pairCount = 0;
+        s.pairCapacity = kPairCapacity;
+    } else if (status == 2) {  // the pairs held become the block to code
+        s.pairCapacity = s.pairCount;
+        s.pairCount = 0;
+        s.coder.subStatus = kNewBlock;
+    }
+    return StatusOk;
+}
+
+VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pairsCount, int* pHuffMode,
+                                                   VekDeflateState* pState) {
+    if (!pPairs || !pHuffMode || !pState) return StatusNullPointer;
+    if (pairsCount < 0) return StatusSize;
+    BlockCoder& c = stateOf(pState)->coder;
+    if (c.subStatus != kNewBlock) {
+        *pHuffMode = c.huffMode;
+        return StatusOk;
+    }
+    if (!pairsValid(pPairs, pairsCount)) return StatusBadArgument;
+    Vek16u firstSeen[kLitLenSymbols];
+    int distinct = 0;
+    countSymbols(pPairs, pairsCount, c, firstSeen, &distinct);
+
+    // The skew test: the largest count against the count of the symbol at
+    // the count-weighted mean rank of first appearance.
+    int mode = 0;
+    if (pairsCount > 0) {
+        Vek32u maxCount = 0;
+        Vek64u weighted = 0;
+        for (int k = 1; k <= distinct; ++k) {
+            const Vek32u count = c.litLen[firstSeen[k - 1]].count;
+            if (count > maxCount) maxCount = count;
+            weighted += Vek64u(k) * count;
+        }
+        const int meanRank = int(weighted / Vek64u(pairsCount));
+        const int64_t skew = int64_t(maxCount) - int64_t(c.litLen[firstSeen[meanRank - 1]].count);
+        mode = skew >= (pairsCount >> 2) ? 1 : 0;
+    }
+    c.huffMode = mode;
+    *pHuffMode = mode;
+    return StatusOk;
+}
+
+VekStatus VEK_CALL veksEncodeLZ77FixedHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen,
+                                              int flush, VekDeflateState* pState) {
+    return huffmanBlock(kFixedBlock, ppPairs, pPairsLen, ppDst, pDstLen, flush, pState);
+}
+
+VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
+                                                int* pDstLen, int flush, VekDeflateState* pState) {
+    return huffmanBlock(kDynamicBlock, ppPairs, pPairsLen, ppDst, pDstLen, flush, pState);
+}
+
+VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst, int* pDstLen,
+                                                int flush, VekDeflateState* pState) {
+    if (!ppSrc || !*ppSrc || !pSrcLen || !ppDst || !*ppDst || !pDstLen || !pState) return StatusNullPointer;
+    DeflateState& s = *stateOf(pState);
+    BlockCoder& c = s.coder;
+    if (*pDstLen == 0) return stopped(c);
+    if (*pDstLen < 0 || *pSrcLen < 0 || *pSrcLen > 65535) return StatusSize;
+    if (c.blockPhase != kNoBlock) return StatusContextMismatch;
+    if (c.storedState == 3 && *pSrcLen < c.storedLength - c.storedDone) return StatusSize;
+
+    BitOutput out = openOutput(*ppDst, *pDstLen, c);
+    if (c.storedState == 0) {  // the 3 header bits, then on to the byte boundary
+        out.drainBytes();
+        if (out.count < 8) {
+            c.blockFinal = flush == kFlushFinal;
+            c.storedLength = *pSrcLen;
+            out.put(Vek32u(c.blockFinal), 3);
+            out.count = (out.count + 7) & ~7;
+            c.storedState = 1;
+        }
+    }
+    if (c.storedState == 1) {
+        out.drainBytes();
+        if (out.count == 0) c.storedState = 2, c.storedDone = 0;
+    }
+    if (c.storedState == 2) {  // LEN and NLEN, least significant byte first
+        const Vek32u lenNlen = Vek32u(c.storedLength) | Vek32u(~c.storedLength & 0xFFFF) << 16;
+        for (; c.storedDone < 4 && out.room > 0; ++c.storedDone, --out.room) *out.dst++ = Vek8u(lenNlen >> (8 * c.storedDone));
+        if (c.storedDone == 4) c.storedState = 3, c.storedDone = 0;
+    }
+    VekStatus status = StatusDstSize;
+    if (c.storedState == 3) {
+        int n = c.storedLength - c.storedDone;
+        if (n > out.room) n = out.room;
+        if (n > 0) memcpy(out.dst, *ppSrc, size_t(n));
+        out.dst += n;
+        out.room -= n;
+        *ppSrc += n;
+        *pSrcLen -= n;
+        c.storedDone += n;
+        if (c.storedDone == c.storedLength) {
+            c.storedState = 0;
+            c.storedDone = 0;
+            status = blockDone(s);
+        }
+    }
+    keepOutput(out, ppDst, pDstLen, c);
+    return status == StatusOk ? status : stopped(c);
+}
+
+VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, VekDeflateState* pState) {
+    if (!ppDst || !*ppDst || !pDstLen || !pState) return StatusNullPointer;
+    if (*pDstLen < 0) return StatusSize;
+    DeflateState& s = *stateOf(pState);
+    BlockCoder& c = s.coder;
+    if (s.streamStatus != kStreamComplete) return StatusUnknown;
+    const int kind = s.checksumKind;
+    if (kind != 0 && kind != kChecksumAdler32 && kind != kChecksumCrc32) return StatusUnknown;
+    if (c.subStatus != kStopped || c.trailerLength == 0) {  // a fresh trailer
+        const Vek32u sum = s.checksum, size = Vek32u(s.streamPos);
+        if (kind == kChecksumAdler32) {
+            for (int i = 0; i < 4; ++i) c.trailer[i] = Vek8u(sum >> (24 - 8 * i));
+            c.trailerLength = 4;
+        } else {
+            for (int i = 0; i < 4; ++i) c.trailer[i] = Vek8u(sum >> (8 * i));
+            for (int i = 0; i < 4; ++i) c.trailer[4 + i] = Vek8u(size >> (8 * i));
+            c.trailerLength = 8;
+        }
+        c.trailerDone = 0;
+    }
+    Vek8u* dst = *ppDst;
+    int room = *pDstLen;
+    for (; c.trailerDone < c.trailerLength && room > 0; --room) *dst++ = c.trailer[c.trailerDone++];
+    *ppDst = dst;
+    *pDstLen = room;
+    if (c.trailerDone < c.trailerLength) return stopped(c);
+    c.trailerLength = 0;
+    c.subStatus = kNothingPending;
+    return StatusOk;
+}
+
+}  // namespace vek::plain
