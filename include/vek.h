@@ -322,7 +322,8 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateStat
  * c(k) the count of the k-th, m = (sum of k * c(k)) / pairsCount; mode 1
  * when the largest count exceeds c(m) by pairsCount / 4 or more (rounded
  * down), else 0.  No bit counts are compared.  Zero pairs give mode 0.
- * Decides only after SetStatus(2); otherwise writes the previous decision.
+ * Decides once after each SetStatus(2); otherwise writes the previous
+ * decision.
  * Checks: null pointer -> StatusNullPointer; pairsCount < 0 -> StatusSize;
  * a pair outside the ranges above -> StatusBadArgument. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pairsCount, int* pHuffMode,
