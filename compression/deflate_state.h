@@ -101,8 +101,9 @@ struct DeflateState {
 
     int streamStatus = 0;           // read and written by Get/SetStatus and the coders
     int lastFlush = 0;              // flush mode of the previous encoding call
+    int linkedEnd = 0;              // positions below it are already in the hash tables
 
-    alignas(16) Vek8u history[kHistorySize];
+    Vek8u history[kHistorySize];
     Pair pairStorage[kPairCapacity];
 };
 

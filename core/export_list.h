@@ -93,6 +93,17 @@ VEK_EXPORT(veksCRC32_8u,      plain, plain, plain, plain, plain, plain, VekStatu
 
 
 // ---- the deflate encoder: state and match finding (compression/) -----------
+// The state's own exports need no SIMD; matching compares 16 bytes at a
+// time from SSE2 on.
+VEK_EXPORT(veksEncodeLZ77GetSize_8u,       plain, plain, plain, plain, plain, plain, VekStatus, (int* pSize))
+VEK_EXPORT(veksEncodeLZ77Init_8u,          plain, plain, plain, plain, plain, plain, VekStatus, (int comprClass, int checksumKind, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77InitAlloc_8u,     plain, plain, plain, plain, plain, plain, VekStatus, (int comprClass, int checksumKind, VekDeflateState** ppState))
+VEK_EXPORT(veksLZ77Free_8u,                plain, plain, plain, plain, plain, plain, void,      (void* pState))
+VEK_EXPORT(veksEncodeLZ77Reset_8u,         plain, plain, plain, plain, plain, plain, VekStatus, (VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77SetDictionary_8u, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pDict, int dictLen, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77_8u,              plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* pPairsLen, int flush, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77GetPairs_8u,      plain, plain, plain, plain, plain, plain, VekStatus, (Vek16u** ppPairs, int* pPairsCount, int* pPairsCapacity, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77SetPairs_8u,      plain, plain, plain, plain, plain, plain, VekStatus, (Vek16u* pPairs, int pairsCount, int pairsCapacity, VekDeflateState* pState))
 
 
 // ---- the deflate encoder: block coding and trailer (compression/) ----------

@@ -284,6 +284,70 @@ VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc
 
 
 /* ---- The deflate encoder: state and match finding ------------------------- */
+/* The first stage of a deflate (RFC 1951) encoder: input bytes become LZ77
+ * pairs, and the running checksum of the input is kept for the trailer.
+ *
+ * A pair is two Vek16u: {byte, 0} for a literal, {length 3..258, distance
+ * 1..32767} for a match.  Pair counts and capacities count pairs.
+ *
+ * The state is one block of veksEncodeLZ77GetSize_8u bytes that the caller
+ * owns.  veksEncodeLZ77Init_8u prepares a caller block, which must be
+ * aligned for a pointer (any malloc or veksMalloc_8u block is), else
+ * StatusBadArgument; the state points into itself, so it must not be moved
+ * or copied after Init.  veksEncodeLZ77InitAlloc_8u allocates one with
+ * veksMalloc_8u (StatusMemoryAllocated when that fails, *ppState then
+ * unchanged); veksLZ77Free_8u releases it (null is ignored).
+ *   comprClass: 0 fast (one candidate per position), 2 best (lazy matching,
+ *     up to 512 candidates), anything else default (greedy, 16 candidates).
+ *   checksumKind: 1 Adler-32 (zlib wrapper), 2 CRC-32 (gzip wrapper), other
+ *     values none.  The running checksum starts from 0 for both kinds: the
+ *     Adler-32 start value 1 is not put in.
+ * veksEncodeLZ77Reset_8u starts a new stream with the same class and
+ * checksum kind: history, checksum, stream position, stream status and the
+ * block coder are cleared, and the pair list is the state's own again,
+ * empty, with room for 65280 pairs.
+ *
+ * veksEncodeLZ77SetDictionary_8u preloads the history with the last
+ * min(dictLen, 32768) bytes of pDict.  Null pointer: StatusNullPointer;
+ * dictLen < 0: StatusSize; dictLen < 3: nothing done, StatusOk; once an
+ * encoding call has run (until Reset): StatusUnknown.  A second dictionary
+ * replaces the first.  The dictionary bytes count in the stream position
+ * but not in the checksum.
+ *
+ * veksEncodeLZ77_8u takes bytes from *ppSrc (*pSrcLen of them) and writes
+ * pairs at *ppPairs (room for *pPairsLen); both are advanced by what was
+ * consumed and written.  Checks: a null pointer (including *ppPairs, and
+ * *ppSrc when *pSrcLen > 0): StatusNullPointer; *pPairsLen or *pSrcLen
+ * negative: StatusSize; *pPairsLen = 0: StatusDstSize at once; *pSrcLen = 0:
+ * StatusOk at once (with flush 2 the history is still cut).  The last 2
+ * bytes of every call (3 under the best class) are written as literals, so
+ * a stream fed in many calls compresses a little worse than in one.  When
+ * the pairs run out the call stops and returns StatusDstSize; calling again
+ * with more room gives the same pairs as one larger call would have.
+ * flush = 2 cuts the history: that call and the next one see no earlier
+ * bytes and leave none behind, so no match reaches back across the cut.
+ * Other flush values do not change the matching.  The consumed bytes are
+ * added to the running checksum, and the stream status becomes 1 if it was
+ * 0 (the stream has begun).  A stream takes at most 2^31 - 65537 bytes
+ * between Init, Reset and history cuts; a call beyond that gets StatusSize.
+ *
+ * veksEncodeLZ77GetPairs_8u reports the pair list the block coders read:
+ * where it starts, how many pairs it holds and its capacity (any null
+ * pointer: StatusNullPointer).  veksEncodeLZ77SetPairs_8u replaces them;
+ * a null pPairs gives StatusNullPointer, pairsCount < 0 or pairsCapacity <
+ * pairsCount StatusSize. */
+VEK_API VekStatus VEK_CALL veksEncodeLZ77GetSize_8u(int* pSize);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77Init_8u(int comprClass, int checksumKind, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77InitAlloc_8u(int comprClass, int checksumKind, VekDeflateState** ppState);
+VEK_API void      VEK_CALL veksLZ77Free_8u(void* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77Reset_8u(VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLen, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77_8u(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* pPairsLen,
+                                             int flush, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77GetPairs_8u(Vek16u** ppPairs, int* pPairsCount, int* pPairsCapacity,
+                                                     VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77SetPairs_8u(Vek16u* pPairs, int pairsCount, int pairsCapacity,
+                                                     VekDeflateState* pState);
 
 
 /* ---- The deflate encoder: block coding and trailer ------------------------ */

@@ -1,0 +1,271 @@
+// The deflate match finder: one call of veksEncodeLZ77_8u, written once
+// for every level.
+//
+// Include INSIDE a level namespace, after <string.h>, deflate_state.h and
+// deflate_hash_tables.h outside it, and after defining in the namespace
+//   int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen);
+// which counts the leading equal bytes of the two strings, at most maxLen.
+// Everything else is the same on every level, so all levels find the same
+// pairs; a level differs only in how fast it compares.
+//
+// Positions count input bytes on the stream-position scale: bytes below
+// the call's first position live in the history buffer, the others in the
+// caller's input.  Before matching, the first new bytes are copied behind
+// the history, so a candidate in the history reads on into the new input
+// as one contiguous string of up to 258 bytes.
+//
+// Candidates are taken only from position 0 (1 in the calls around a
+// history cut) up to the current position minus one, and at most 32767
+// bytes back: so every candidate lies in bytes this state holds, even when
+// a hash-table entry was left by an earlier stretch of the stream.
+
+namespace {
+
+using deflate::DeflateState;
+using deflate::kHashTables;
+
+constexpr int kMaxDistance = deflate::kWindowSize - 1;  // farthest a candidate may lie back
+
+// The fast class's rolling hash h = ((h << 5) ^ byte) & 0x7FFF after the
+// three bytes from b on, and the other classes' table hash.
+inline int rollingHash(const Vek8u* b) { return ((b[0] << 10) ^ (b[1] << 5) ^ b[2]) & 0x7FFF; }
+inline int tableHash(const Vek8u* b) { return kHashTables[0][b[0]] ^ kHashTables[1][b[1]] ^ kHashTables[2][b[2]]; }
+
+// Puts position q, whose bytes start at b, at the head of its chain.
+inline void linkPosition(DeflateState& s, int q, const Vek8u* b) {
+    const int h = tableHash(b);
+    s.chain[q & 0x7FFF] = s.head[h];
+    s.head[h] = q;
+}
+
+class MatchFinder {
+public:
+    MatchFinder(DeflateState& s, const Vek8u* src, int base, int histFill, int end, Vek16u* pairs, int pairSpace,
+                int lowestPosition)
+        : s_(s), src_(src), base_(base), histFill_(histFill), end_(end), pairs_(pairs), pairSpace_(pairSpace),
+          lowest_(lowestPosition) {}
+
+    // Matches from `base` on; returns the first position not consumed.
+    int run(int comprClass) {
+        int p = base_;
+        if (comprClass == deflate::kClassFast) p = runFast(p);
+        else if (comprClass == deflate::kClassBest) p = runLazy(p);
+        else p = runGreedy(p);
+        // The last bytes of the call, and whatever matching did not reach.
+        for (; p < end_ && pairSpace_ > 0; ++p) emitLiteral(p);
+        return p;
+    }
+    int pairsWritten() const { return pairCount_; }
+
+private:
+    // Bytes from position q on; in the history they run on into the input.
+    const Vek8u* at(int q) const {
+        return q < base_ ? s_.history + (histFill_ - (base_ - q)) : src_ + (q - base_);
+    }
+    int oldestCandidate(int p) const { return p - kMaxDistance > lowest_ ? p - kMaxDistance : lowest_; }
+
+    // Enters q into the chains once: a position looked at ahead (lazy
+    // matching) or again after a call stopped on a full pair list keeps its
+    // first entry, so the chains never loop back onto themselves.
+    void link(int q) {
+        if (q < s_.linkedEnd) return;
+        linkPosition(s_, q, at(q));
+        s_.linkedEnd = q + 1;
+    }
+
+    void emit(int value, int distance) {
+        pairs_[2 * pairCount_] = static_cast<Vek16u>(value);
+        pairs_[2 * pairCount_ + 1] = static_cast<Vek16u>(distance);
+        ++pairCount_;
+        --pairSpace_;
+    }
+    void emitLiteral(int p) { emit(src_[p - base_], 0); }
+
+    struct Match {
+        int length = 0, distance = 0;
+    };
+
+    // Walks the chain of the already linked position p, up to `limit`
+    // candidates.  A candidate is compared only when the two bytes that
+    // would make it longer than the best so far agree; ties keep the nearer.
+    Match search(int p, int maxLen, int limit) const {
+        Match best;
+        if (maxLen < deflate::kMinMatch) return best;
+        const Vek8u* cur = src_ + (p - base_);
+        const int oldest = oldestCandidate(p);
+        int bestLen = deflate::kMinMatch - 1;
+        int c = s_.chain[p & 0x7FFF];
+        for (int n = 0; n < limit && c >= oldest && c < p; ++n, c = s_.chain[c & 0x7FFF]) {
+            const Vek8u* cand = at(c);
+            if (cand[bestLen] != cur[bestLen] || cand[bestLen - 1] != cur[bestLen - 1]) continue;
+            const int len = matchLength(cand, cur, maxLen);
+            if (len > bestLen) {
+                bestLen = len;
+                best.length = len;
+                best.distance = p - c;
+                if (len >= maxLen) break;
+            }
+        }
+        return best;
+    }
+
+    int maxLength(int p, int tail) const {
+        const int room = end_ - p - tail;
+        return room < deflate::kMaxMatch ? room : deflate::kMaxMatch;
+    }
+
+    // Fast: one candidate, the last position with the same rolling hash.
+    int runFast(int p) {
+        for (; p < end_ - 2 && pairSpace_ > 0;) {
+            const int maxLen = maxLength(p, 2);
+            int& head = s_.head[rollingHash(at(p))];
+            const int c = head;
+            head = p;
+            int len = 0;
+            if (maxLen >= deflate::kMinMatch && c >= oldestCandidate(p) && c < p) len = matchLength(at(c), at(p), maxLen);
+            if (len >= deflate::kMinMatch) {
+                emit(len, p - c);
+                for (int q = p + 1; q < p + len; ++q) s_.head[rollingHash(at(q))] = q;
+                p += len;
+            } else {
+                emitLiteral(p++);
+            }
+        }
+        return p;
+    }
+
+    // Default: greedy, the longest of up to 16 candidates.
+    int runGreedy(int p) {
+        for (; p < end_ - 2 && pairSpace_ > 0;) {
+            link(p);
+            const Match m = search(p, maxLength(p, 2), 16);
+            if (m.length >= deflate::kMinMatch) {
+                emit(m.length, m.distance);
+                for (int q = p + 1; q < p + m.length; ++q) link(q);
+                p += m.length;
+            } else {
+                emitLiteral(p++);
+            }
+        }
+        return p;
+    }
+
+    // Best: lazy, up to 512 candidates; a match waits for the next position
+    // unless that one offers a longer match.  A 3-byte match farther than
+    // 4096 bytes back costs more bits than three literals and is dropped.
+    int runLazy(int p) {
+        bool carried = false;
+        Match cur;
+        for (; p < end_ - 3 && pairSpace_ > 0;) {
+            if (!carried) {
+                link(p);
+                cur = search(p, maxLength(p, 3), 512);
+            }
+            link(p + 1);
+            const Match next = search(p + 1, maxLength(p + 1, 3), 512);
+            const bool worthIt = cur.length > deflate::kMinMatch ||
+                                 (cur.length == deflate::kMinMatch && cur.distance <= 4096);
+            if (worthIt && cur.length >= next.length) {
+                emit(cur.length, cur.distance);
+                for (int q = p + 2; q < p + cur.length; ++q) link(q);
+                p += cur.length;
+                carried = false;
+            } else {
+                emitLiteral(p++);
+                cur = next;
+                carried = true;
+            }
+        }
+        return p;
+    }
+
+    DeflateState& s_;
+    const Vek8u* src_;
+    int base_, histFill_, end_;
+    Vek16u* pairs_;
+    int pairSpace_, pairCount_ = 0;
+    int lowest_;
+};
+
+// Keeps the consumed bytes as history: the newest 32768 positions at least,
+// or everything since the stream (or the last cut) began.
+void keepHistory(DeflateState& s, const Vek8u* consumed, int n) {
+    int fill = static_cast<int>(s.historyPos - s.history);
+    if (n >= deflate::kWindowSize) {
+        memcpy(s.history, consumed + n - deflate::kWindowSize, deflate::kWindowSize);
+        fill = deflate::kWindowSize;
+    } else {
+        if (fill + n > deflate::kHistoryLimit) {
+            const int keep = deflate::kWindowSize - n;
+            memmove(s.history, s.history + fill - keep, keep);
+            fill = keep;
+        }
+        memcpy(s.history + fill, consumed, n);
+        fill += n;
+    }
+    s.historyPos = s.history + fill;
+}
+
+// Drops the history: positions start again from 0 in the next call.
+void cutHistory(DeflateState& s) {
+    s.historyPos = s.history;
+    s.streamPos = 0;
+    s.linkedEnd = 0;
+}
+
+// The stream position is a signed 32-bit count: a stream takes at most this
+// many bytes between Init, Reset or a history cut.
+constexpr int kMaxStreamPosition = 0x7FFFFFFF - deflate::kHistorySize;
+
+VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* pPairsLen, int flush,
+                     VekDeflateState* pState) {
+    if (!ppSrc || !pSrcLen || !ppPairs || !pPairsLen || !*ppPairs || !pState) return StatusNullPointer;
+    const int srcLen = *pSrcLen, pairSpace = *pPairsLen;
+    if (pairSpace < 0 || srcLen < 0) return StatusSize;
+    if (pairSpace == 0) return StatusDstSize;
+    DeflateState& s = *deflate::stateOf(pState);
+    if (srcLen == 0) {
+        // An empty flush-2 call still cuts the history.
+        if (flush == deflate::kFlushHistoryCut) {
+            cutHistory(s);
+            s.lastFlush = flush;
+            if (s.streamStatus == 0) s.streamStatus = 1;
+        }
+        return StatusOk;
+    }
+    const Vek8u* src = *ppSrc;
+    if (!src) return StatusNullPointer;
+
+    // The call with flush 2 and the one after it see no history and start
+    // their positions from 0, so no match reaches back across the cut.
+    const bool cut = flush == deflate::kFlushHistoryCut || s.lastFlush == deflate::kFlushHistoryCut;
+    if (srcLen > kMaxStreamPosition - (cut ? 0 : s.streamPos)) return StatusSize;
+    if (cut) cutHistory(s);
+    const int base = s.streamPos;
+    const int histFill = static_cast<int>(s.historyPos - s.history);
+    memcpy(s.history + histFill, src, srcLen < deflate::kMaxMatch ? srcLen : deflate::kMaxMatch);
+
+    int lowest = cut ? 1 : 0;
+    if (base - histFill > lowest) lowest = base - histFill;
+    MatchFinder finder(s, src, base, histFill, base + srcLen, *ppPairs, pairSpace, lowest);
+    const int consumed = finder.run(s.comprClass) - base;
+
+    if (cut) cutHistory(s);
+    else {
+        keepHistory(s, src, consumed);
+        s.streamPos = base + consumed;
+    }
+    VekStatus status = StatusOk;
+    if (consumed > 0 && s.checksumKind == deflate::kChecksumAdler32) status = ::veksAdler32_8u(src, consumed, &s.checksum);
+    if (consumed > 0 && s.checksumKind == deflate::kChecksumCrc32) status = ::veksCRC32_8u(src, consumed, &s.checksum);
+    s.lastFlush = flush;
+    if (s.streamStatus == 0) s.streamStatus = 1;  // the stream has begun: no dictionary any more
+
+    *ppSrc = src + consumed;
+    *pSrcLen = srcLen - consumed;
+    *ppPairs += 2 * finder.pairsWritten();
+    *pPairsLen = pairSpace - finder.pairsWritten();
+    return consumed < srcLen ? StatusDstSize : status;
+}
+
+}  // namespace

@@ -1,0 +1,39 @@
+// The deflate match finder, sse2 level: match lengths 16 bytes at a time.
+//
+// The matching call is the one of deflate_match.h, so the pairs are the
+// plain level's; only the compare differs.  A 16-byte load never reaches
+// past maxLen, so neither string is read beyond what the plain compare
+// could read.
+#include <immintrin.h>
+#include <stdint.h>
+#include <string.h>
+
+#include "compression/deflate_hash_tables.h"
+#include "compression/deflate_state.h"
+#include "core/dispatch.h"
+
+namespace vek::sse2 {
+namespace {
+
+int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen) {
+    int n = 0;
+    for (; n + 16 <= maxLen; n += 16) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(candidate + n));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(current + n));
+        const unsigned differ = ~static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(a, b))) & 0xFFFF;
+        if (differ) return n + __builtin_ctz(differ);
+    }
+    while (n < maxLen && candidate[n] == current[n]) ++n;
+    return n;
+}
+
+}  // namespace
+
+#include "compression/deflate_match.h"
+
+VekStatus VEK_CALL veksEncodeLZ77_8u(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* pPairsLen, int flush,
+                                     VekDeflateState* pState) {
+    return encodeLz77(ppSrc, pSrcLen, ppPairs, pPairsLen, flush, pState);
+}
+
+}  // namespace vek::sse2
