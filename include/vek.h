@@ -372,8 +372,9 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SetPairs_8u(Vek16u* pPairs, int pairsCo
  * boundary and writes every byte of it; when it has, it returns StatusOk and
  * sets the stream status to 3, so the trailer starts on a byte.
  *
- * Stream status (GetStatus/SetStatus): 0 after initialisation, 3 once the
- * last block is written; any other value is stored as given.
+ * Stream status (GetStatus/SetStatus): 0 after initialisation, 1 once an
+ * encoding call has run, 3 once the last block is written (the Flush call
+ * needs it); SetStatus stores any value as given.
  * veksEncodeLZ77SetStatus_8u with 1 empties the pair list (back to the
  * state's own storage, capacity 65280); with 2 makes the capacity the count
  * of pairs held and the count 0, and lets the next SelectHuffMode decide

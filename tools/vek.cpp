@@ -114,7 +114,7 @@ const Command kCommands[] = {
     {"bench", bench, "[--quick] [FILTER]  throughput per level and speed-up over level 0"},
     {"exports", exports, "the implementation serving each level of every export"},
     {"gzip", gzipCommand, VEK_COMPRESS_HELP " (RFC 1952)"},
-    {"zlib", zlibCommand, "[-0|-1|-2] [-f] [FILE]  as gzip, to FILE.zz, zlib container (RFC 1950)"},
+    {"zlib", zlibCommand, "[-0|-1|-2] [-f] [FILE]  as gzip, to FILE.zz in the zlib container (RFC 1950)"},
 };
 
 int usage(FILE* out) {

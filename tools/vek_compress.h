@@ -9,6 +9,6 @@
 int gzipCommand(const std::vector<std::string>& args);
 int zlibCommand(const std::vector<std::string>& args);
 
-#define VEK_COMPRESS_HELP "[-0|-1|-2] [-f] [FILE]  FILE to FILE.gz (FILE kept), or stdin to stdout"
+#define VEK_COMPRESS_HELP "[-0|-1|-2] [-f] [FILE]  class fast/default/best; FILE to FILE.gz (kept), or stdin to stdout"
 
 #endif
