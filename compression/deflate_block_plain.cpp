@@ -257,6 +257,7 @@ VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pai
         mode = skew >= (pairsCount >> 2) ? 1 : 0;
     }
     c.huffMode = mode;
+    c.subStatus = kNothingPending;  // one decision per block opened
     *pHuffMode = mode;
     return StatusOk;
 }

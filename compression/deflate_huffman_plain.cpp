@@ -66,7 +66,7 @@ void minimumRedundancyLengths(Leaf* a, int n) {
 }  // namespace
 
 void buildCodeLengths(const Vek32u* counts, int n, int maxBits, Vek8u* lengths) {
-    Leaf leaves[kLitLenSymbols];
+    Leaf leaves[kLitLenSymbols] = {};
     int used = 0;
     for (int s = 0; s < n; ++s) {
         lengths[s] = 0;

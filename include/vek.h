@@ -461,8 +461,9 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SetPairs_8u(Vek16u* pPairs, int pairsCo
  * boundary and writes every byte of it; when it has, it returns StatusOk and
  * sets the stream status to 3, so the trailer starts on a byte.
  *
- * Stream status (GetStatus/SetStatus): 0 after initialisation, 3 once the
- * last block is written; any other value is stored as given.
+ * Stream status (GetStatus/SetStatus): 0 after initialisation, 1 once an
+ * encoding call has run, 3 once the last block is written (the Flush call
+ * needs it); SetStatus stores any value as given.
  * veksEncodeLZ77SetStatus_8u with 1 empties the pair list (back to the
  * state's own storage, capacity 65280); with 2 makes the capacity the count
  * of pairs held and the count 0, and lets the next SelectHuffMode decide
@@ -475,7 +476,8 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateStat
  * c(k) the count of the k-th, m = (sum of k * c(k)) / pairsCount; mode 1
  * when the largest count exceeds c(m) by pairsCount / 4 or more (rounded
  * down), else 0.  No bit counts are compared.  Zero pairs give mode 0.
- * Decides only after SetStatus(2); otherwise writes the previous decision.
+ * Decides once after each SetStatus(2); otherwise writes the previous
+ * decision.
  * Checks: null pointer -> StatusNullPointer; pairsCount < 0 -> StatusSize;
  * a pair outside the ranges above -> StatusBadArgument. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pairsCount, int* pHuffMode,

@@ -15,6 +15,7 @@
 #include "bench/bench_cases.h"
 #include "core/cpu.h"
 #include "core/dispatch.h"
+#include "tools/vek_compress.h"
 #include "vek.h"
 
 namespace {
@@ -112,6 +113,8 @@ const Command kCommands[] = {
     {"info", info, "processor type, chosen code-path level, version, cache size, clock"},
     {"bench", bench, "[--quick] [FILTER]  throughput per level and speed-up over level 0"},
     {"exports", exports, "the implementation serving each level of every export"},
+    {"gzip", gzipCommand, VEK_COMPRESS_HELP " (RFC 1952)"},
+    {"zlib", zlibCommand, "[-0|-1|-2] [-f] [FILE]  as gzip, to FILE.zz in the zlib container (RFC 1950)"},
 };
 
 int usage(FILE* out) {
