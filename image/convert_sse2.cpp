@@ -1,4 +1,5 @@
-// Image type conversions, the SSE2 level: every conversion with packed integer unpacks and packs, floats rounded by truncation and correction.
+// Image type conversions, the SSE2 level: every conversion with packed
+// integer unpacks and packs.
 // The kernels are shared with the other SIMD level (convert_simd.h); this
 // file instantiates them for this level and defines its members.
 #include <immintrin.h>

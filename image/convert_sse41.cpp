@@ -1,4 +1,5 @@
-// Image type conversions, the SSE4.1 level: the members SSE4.1 shortens (sign extension, unsigned minimum and pack, rounding with an explicit mode).
+// Image type conversions, the SSE4.1 level: the members SSE4.1 shortens
+// (sign extension, unsigned minimum and pack, rounding with an explicit mode).
 // The kernels are shared with the other SIMD level (convert_simd.h); this
 // file instantiates them for this level and defines its members.
 #include <immintrin.h>
