@@ -24,9 +24,15 @@ namespace {
 template <class T, class K>
 void mapRow(const T* s, T* d, size_t n, K k) {
     constexpr size_t W = 16 / sizeof(T);
+    auto at = [](const T* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
+    auto put = [](T* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); };
     size_t i = 0;
-    for (; i + W <= n; i += W)
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(d + i), k(_mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i))));
+    for (; i + 2 * W <= n; i += 2 * W) {  // two vectors a turn: fewer loop branches
+        const __m128i a = at(s + i), b = at(s + i + W);
+        put(d + i, k(a));
+        put(d + i + W, k(b));
+    }
+    for (; i + W <= n; i += W) put(d + i, k(at(s + i)));
     if (i < n) {
         T block[W] = {};
         memcpy(block, s + i, (n - i) * sizeof(T));
