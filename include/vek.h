@@ -335,7 +335,8 @@ VEK_API VekStatus VEK_CALL vekiRShiftC_32s_C1IR(Vek32u value, Vek32s* pSrcDst, i
  *   exact 32-bit product scaled by 2^-scaleFactor, rounded to nearest with
  *   ties to even and saturated, as veksMulC_16s_ISfs (any scaleFactor).
  * vekiMulC_32f_C1IR (value, pSrcDst, srcDstStep, roi): the IEEE
- *   single-precision product of each sample, as veksMulC_32f_I. */
+ *   single-precision product of each sample, as veksMulC_32f_I (and, like
+ *   it, subject on the SSE levels to the caller's FTZ and DAZ modes). */
 VEK_API VekStatus VEK_CALL vekiMulC_16s_C1IRSfs(Vek16s value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi, int scaleFactor);
 VEK_API VekStatus VEK_CALL vekiMulC_32f_C1IR(Vek32f value, Vek32f* pSrcDst, int srcDstStep, VekiSize roi);
 
