@@ -102,6 +102,47 @@ VEK_EXPORT(veksThreshold_LT_32s_I, plain, plain, sse2, sse2, sse2, sse41, VekSta
 
 
 // ---- image type conversions and per-pixel arithmetic (image/) --------------
+// Widening: integer members from SSE2 (unpacks); SSE4.1 sign-extends the
+// 16s sources in one instruction.
+VEK_EXPORT(vekiConvert_8u16u_C1R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_8u16u_C3R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_8u16s_C1R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_8u16s_C3R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_8u32s_C1R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_8u32s_C3R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_8u32f_C1R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_8u32f_C3R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16u32s_C1R,      plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek16u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16u32s_C3R,      plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek16u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16u32f_C1R,      plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek16u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16u32f_C3R,      plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek16u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16s32s_C1R,      plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek16s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16s32s_C3R,      plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek16s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16s32f_C1R,      plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek16s* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16s32f_C3R,      plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek16s* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
+// Narrowing: packs with saturation from SSE2; floats need SSE2 to reach
+// integers, and SSE4.1 rounds with an explicit mode and packs unsigned.
+VEK_EXPORT(vekiConvert_32s8u_C1R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek32s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_32s8u_C3R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek32s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16s8u_C1R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16s8u_C3R,       plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16u8u_C1R,       plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek16u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_16u8u_C3R,       plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek16u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_32f8u_C1R,       plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek32f* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_32f8u_C3R,       plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek32f* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_32f16s_C1R,      plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek32f* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_32f16s_C3R,      plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek32f* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_32f16u_C1R,      plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek32f* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiConvert_32f16u_C3R,      plain, plain, sse2, sse2, sse2, sse41, VekStatus, (const Vek32f* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi))
+// Per-pixel arithmetic: shifts from SSE2; the products use the vector
+// arithmetic's kernels of the same level.
+VEK_EXPORT(vekiLShiftC_32s_C1R,         plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek32s* pSrc, int srcStep, Vek32u value, Vek32s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiLShiftC_32s_C1IR,        plain, plain, sse2, sse2, sse2, sse2, VekStatus, (Vek32u value, Vek32s* pSrcDst, int srcDstStep, VekiSize roi))
+VEK_EXPORT(vekiRShiftC_16s_C1IR,        plain, plain, sse2, sse2, sse2, sse2, VekStatus, (Vek32u value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi))
+VEK_EXPORT(vekiRShiftC_32s_C1IR,        plain, plain, sse2, sse2, sse2, sse2, VekStatus, (Vek32u value, Vek32s* pSrcDst, int srcDstStep, VekiSize roi))
+VEK_EXPORT(vekiMulC_16s_C1IRSfs,        plain, plain, sse2, sse2, sse2, sse2, VekStatus, (Vek16s value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi, int scaleFactor))
+VEK_EXPORT(vekiMulC_32f_C1IR,           plain, sse, sse, sse, sse, sse, VekStatus, (Vek32f value, Vek32f* pSrcDst, int srcDstStep, VekiSize roi))
+VEK_EXPORT(vekiComplement_32s_C1IR,     plain, plain, sse2, sse2, sse2, sse2, VekStatus, (Vek32s* pSrcDst, int srcDstStep, VekiSize roi, int bitSize))
 
 
 // ---- checksums (compression/) ----------------------------------------------

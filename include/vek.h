@@ -330,6 +330,92 @@ VEK_API VekStatus VEK_CALL veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek3
 
 
 /* ---- Images: type conversions and per-pixel arithmetic ------------------- */
+/* An image is addressed by the pointer to the first sample of the region of
+ * interest and a step: the distance in bytes from one row's start to the
+ * next.  roi gives the width in pixels and the height in rows; _C3R forms
+ * work on three interleaved channels (three samples per pixel).  No
+ * alignment is required.  When each step equals its row length the region
+ * is worked as one long row (same results).
+ *
+ * Checks, in this order, for every function of this group: a null image
+ * pointer -> StatusNullPointer; roi.width < 1 or roi.height < 1 ->
+ * StatusSize; any step < 1 -> StatusStep; then the function's own
+ * parameters as stated below.  Nothing is written on failure; otherwise
+ * StatusOk.  Source and destination must not overlap (the _I forms work in
+ * place on one image).
+ *
+ * vekiConvert_<src><dst>_C1R / _C3R (pSrc, srcStep, pDst, dstStep, roi):
+ *   widening (8u to 16u, 16s, 32s, 32f; 16u and 16s to 32s, 32f): exact.
+ *   narrowing from integers (32s, 16s, 16u to 8u): saturation to 0..255.
+ *   narrowing from 32f (to 8u, 16s, 16u): rounding to the nearest integer,
+ *     ties to even (2.5 -> 2, 3.5 -> 4, -0.5 -> 0), then saturation to the
+ *     destination's range (infinities saturate); NaN gives 0.  The rounding
+ *     does not depend on the caller's floating-point environment: neither
+ *     the SSE rounding mode in MXCSR nor the x87 control word is read or
+ *     changed, and every level gives the same result.
+ */
+VEK_API VekStatus VEK_CALL vekiConvert_8u16u_C1R(const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u16u_C3R(const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u16s_C3R(const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u32s_C1R(const Vek8u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u32s_C3R(const Vek8u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u32f_C1R(const Vek8u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u32f_C3R(const Vek8u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u32s_C1R(const Vek16u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u32s_C3R(const Vek16u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u32f_C1R(const Vek16u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u32f_C3R(const Vek16u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s32s_C1R(const Vek16s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s32s_C3R(const Vek16s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s32f_C1R(const Vek16s* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s32f_C3R(const Vek16s* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+
+VEK_API VekStatus VEK_CALL vekiConvert_32s8u_C1R(const Vek32s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32s8u_C3R(const Vek32s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s8u_C1R(const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s8u_C3R(const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u8u_C1R(const Vek16u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u8u_C3R(const Vek16u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f8u_C1R(const Vek32f* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f8u_C3R(const Vek32f* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f16s_C1R(const Vek32f* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f16s_C3R(const Vek32f* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f16u_C1R(const Vek32f* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f16u_C3R(const Vek32f* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi);
+
+/* Shifts by a constant count `value`, one channel.
+ * vekiLShiftC_32s_C1R (pSrc, srcStep, value, pDst, dstStep, roi) and
+ * vekiLShiftC_32s_C1IR (value, pSrcDst, srcDstStep, roi): each sample's bit
+ *   pattern shifted left; the bits shifted out are lost (no saturation);
+ *   a count of 32 or more gives 0.
+ * vekiRShiftC_16s_C1IR, vekiRShiftC_32s_C1IR (value, pSrcDst, srcDstStep,
+ *   roi): arithmetic shift right (rounds toward minus infinity); a count at
+ *   or beyond the sample width gives the sign fill (-1 or 0).
+ * A count of 0 leaves the samples as they are (the checks still apply). */
+VEK_API VekStatus VEK_CALL vekiLShiftC_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32u value, Vek32s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiLShiftC_32s_C1IR(Vek32u value, Vek32s* pSrcDst, int srcDstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiRShiftC_16s_C1IR(Vek32u value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiRShiftC_32s_C1IR(Vek32u value, Vek32s* pSrcDst, int srcDstStep, VekiSize roi);
+
+/* Products with a constant, in place.
+ * vekiMulC_16s_C1IRSfs (value, pSrcDst, srcDstStep, roi, scaleFactor): the
+ *   exact 32-bit product scaled by 2^-scaleFactor, rounded to nearest with
+ *   ties to even and saturated, as veksMulC_16s_ISfs (any scaleFactor).
+ * vekiMulC_32f_C1IR (value, pSrcDst, srcDstStep, roi): the IEEE
+ *   single-precision product of each sample, as veksMulC_32f_I (and, like
+ *   it, subject on the SSE levels to the caller's FTZ and DAZ modes). */
+VEK_API VekStatus VEK_CALL vekiMulC_16s_C1IRSfs(Vek16s value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi, int scaleFactor);
+VEK_API VekStatus VEK_CALL vekiMulC_32f_C1IR(Vek32f value, Vek32f* pSrcDst, int srcDstStep, VekiSize roi);
+
+/* vekiComplement_32s_C1IR (pSrcDst, srcDstStep, roi, bitSize): reads the
+ * low bitSize bits of each sample as a two's-complement number and stores
+ * it sign-extended to 32 bits; the bits above the field are ignored (raw
+ * signed samples of bitSize bits, as unpacked from a codestream, become
+ * their values: with bitSize 12, 0xFFF -> -1, 0x800 -> -2048, 0x7FF ->
+ * 2047).  bitSize 32 leaves the samples unchanged.  After the common
+ * checks, bitSize outside 1..32 -> StatusOutOfRange. */
+VEK_API VekStatus VEK_CALL vekiComplement_32s_C1IR(Vek32s* pSrcDst, int srcDstStep, VekiSize roi, int bitSize);
 
 
 /* ---- Checksums ------------------------------------------------------------ */

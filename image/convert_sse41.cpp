@@ -1,0 +1,23 @@
+// Image type conversions, the SSE4.1 level: the members SSE4.1 shortens
+// (sign extension, unsigned minimum and pack, rounding with an explicit mode).
+// The kernels are shared with the other SIMD level (convert_simd.h); this
+// file instantiates them for this level and defines its members.
+#include <immintrin.h>
+#include <stddef.h>
+#include <stdint.h>
+#include <string.h>
+
+#include <type_traits>
+
+#include "core/dispatch.h"
+#include "image/convert_exports.h"
+#include "image/image_common.h"
+
+namespace vek::sse41 {
+#include "image/pixel_rows.h"
+#include "image/convert_simd.h"
+
+VEK_CONVERT_FROM_16S_MEMBERS
+VEK_CONVERT_16U_TO_8U_MEMBERS
+VEK_CONVERT_FROM_32F_MEMBERS
+}  // namespace vek::sse41
