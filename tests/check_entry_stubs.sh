@@ -27,26 +27,43 @@ if [ -n "$bad" ]; then echo "exported names outside the vek namespace:"; echo "$
 dispatched=$(sed -n 's/^VEK_EXPORT( *\([A-Za-z0-9_]*\),.*/\1/p' "$list")
 [ -n "$dispatched" ] || { echo "no exports read from $list"; exit 1; }
 
-disasm=$(mktemp)
-trap 'rm -f "$disasm"' EXIT
+disasm=$(mktemp) names=$(mktemp) bodies=$(mktemp)
+trap 'rm -f "$disasm" "$names" "$bodies"' EXIT
 $objdump -d --no-show-raw-insn "$lib" >"$disasm"
-count=0
-for name in $dispatched; do
-  count=$((count + 1))
-  if ! printf '%s\n' "$exports" | grep -qx "$name"; then echo "$name is not exported"; fail=1; continue; fi
-  # The entry's instructions up to its first jump (stdcall symbols carry
-  # @bytes and a leading underscore in the PE symbol table).
-  body=$(awk -v n="$name" '
-    $0 ~ "^[0-9a-f]+ <_?" n "(@[0-9]+)?>:$" {on=1; next}
-    on && /^$/ {exit}
-    on {sub(/^[ \t]*[0-9a-f]+:[ \t]*/, ""); print; if ($1 ~ /^jmp/) exit}' "$disasm")
-  if [ -z "$body" ]; then echo "$name: entry not found in the disassembly"; fail=1; continue; fi
-  last=$(printf '%s\n' "$body" | tail -n 1)
-  before=$(printf '%s\n' "$body" | sed '$d' | awk '{print $1}' | sort -u | tr '\n' ' ')
-  if ! [[ $last =~ ^jmp[lq]?[[:space:]]+\* ]] || [ "$(printf '%s\n' "$body" | wc -l)" -gt 3 ] ||
-     ! [[ "$before" =~ ^((mov|movl|movslq|lea|leaq)[[:space:]])+$ ]]; then
-    echo "$name: the entry does more than load the level and jump:"; printf '    %s\n' "$body"; fail=1
-  fi
-done
-echo "checked $count dispatched entries and $(printf '%s\n' "$exports" | wc -l) exports of $(basename "$lib")"
+printf '%s\n' "$dispatched" >"$names"
+# One pass over the disassembly: each dispatched entry's instructions up to
+# its first jump, as "name<TAB>insn;insn;..." (stdcall symbols carry @bytes
+# and a leading underscore in the PE symbol table).
+awk -F'\n' 'NR == FNR {want[$1] = 1; next}
+  /^[0-9a-f]+ <.*>:$/ {
+    flush(); name = $0; sub(/^[0-9a-f]+ <_?/, "", name); sub(/(@[0-9]+)?>:$/, "", name)
+    on = (name in want); body = ""; next }
+  on && /^$/ {flush(); next}
+  on { line = $0; sub(/^[ \t]*[0-9a-f]+:[ \t]*/, "", line); body = body (body == "" ? "" : ";") line
+       split(line, w, /[ \t]+/); if (w[1] ~ /^jmp/) flush() }
+  function flush() { if (on) print name "\t" body; on = 0 }
+  END {flush()}' "$names" "$disasm" >"$bodies"
+printf '%s\n' "$exports" >"$disasm.exports"
+trap 'rm -f "$disasm" "$disasm.exports" "$names" "$bodies"' EXIT
+# Every dispatched name exported, its entry found, and the entry at most
+# two mov/lea followed by an indirect jmp.
+awk -F'\t' -v exportsFile="$disasm.exports" -v lib="$(basename "$lib")" '
+  BEGIN { while ((getline e < exportsFile) > 0) { exported[e] = 1; nexp++ } }
+  NR == FNR { order[++n] = $1; next }
+  { body[$1] = $2 }
+  END {
+    fail = 0
+    for (i = 1; i <= n; i++) {
+      name = order[i]
+      if (!(name in exported)) { print name " is not exported"; fail = 1; continue }
+      if (!(name in body)) { print name ": entry not found in the disassembly"; fail = 1; continue }
+      k = split(body[name], insn, ";"); ok = k >= 1 && k <= 3
+      split(insn[k], w, /[ \t]+/); if (w[1] !~ /^jmp[lq]?$/ || w[2] !~ /^\*/) ok = 0
+      for (j = 1; j < k; j++) { split(insn[j], w, /[ \t]+/); if (w[1] !~ /^(mov|movl|movslq|lea|leaq)$/) ok = 0 }
+      if (!ok) { print name ": the entry does more than load the level and jump:"
+                 for (j = 1; j <= k; j++) print "    " insn[j]; fail = 1 }
+    }
+    print "checked " n " dispatched entries and " nexp " exports of " lib
+    exit fail
+  }' "$names" "$bodies" || fail=1
 exit $fail
