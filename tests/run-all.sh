@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds and runs every test: the native suite, the sanitizer suite, the
-# i686 Linux build with its emulated-processor matrix, the i686 Windows DLL
+# Builds and runs every test: the native suite, the sanitizer suite, a short
+# fuzzing run of the deflate encoder, the i686 Linux build with its
+# emulated-processor matrix, the i686 Windows DLL
 # with its checks (and its test programs under Wine where this machine can
 # run 32-bit programs), and an x86-64 Windows build under 64-bit Wine.
 # Cross builds are skipped, and said so, when their toolchains are not
@@ -39,6 +40,13 @@ step "install and use the package" bash tests/check_install.sh build/native
 step "sanitizer build" build sanitize
 step "sanitizer tests" env ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
   ctest --preset sanitize -j "$jobs"
+
+# ---- fuzzing: the whole deflate encoder against zlib, briefly ---------------
+if command -v clang++ >/dev/null && echo 'int main(){}' | clang++ -fsanitize=fuzzer-no-link -x c++ -o /dev/null - 2>/dev/null; then
+  step "deflate fuzzing (30 s)" bash tests/fuzz/build-and-run.sh 30 -print_final_stats=0
+else
+  skip "deflate fuzzing" "needs clang and libFuzzer (Debian's clang, libclang-rt-dev)"
+fi
 
 # ---- i686 Linux -----------------------------------------------------------------
 if g++ -m32 -x c++ -o /dev/null - <<<'int main(){}' >/dev/null 2>&1 && command -v qemu-i386 >/dev/null; then

@@ -1,37 +1,20 @@
 #!/bin/bash
-# Builds the deflate fuzz target with clang (libFuzzer, ASan, UBSan) from
-# the library's sources, each kernel file with its level's flags, and runs
-# it for the given number of seconds (default 60) on one core.
+# Builds the deflate fuzz target with clang (libFuzzer, ASan, UBSan; the
+# "fuzz" CMake preset, which compiles the whole library with coverage and
+# each kernel file with its level's flags) and runs it for the given number
+# of seconds (default 60) on one core.
 #   tests/fuzz/build-and-run.sh [seconds] [extra libFuzzer arguments...]
 # Crashing inputs are left in build/fuzz/ as crash-*; rerun one with
-#   build/fuzz/fuzz_deflate build/fuzz/crash-...
+#   build/fuzz/tests/fuzz/fuzz_deflate build/fuzz/crash-...
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 out=$root/build/fuzz
 seconds=${1:-60}
 shift || true
-mkdir -p "$out/obj" "$out/corpus"
-flags=(-O1 -g -std=c++17 -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
-       -I"$root/include" -I"$root" -DVEK_STATIC -DVEK_BUILDING_LIBRARY -Wall -Wextra)
-objs=()
-for src in "$root"/core/{cpu,dispatch_tables,entry_stubs,memory,services,status,version,dispatch_level}.cpp \
-           "$root"/compression/*_plain.cpp "$root"/compression/*_sse*.cpp "$root"/signal/*_plain.cpp \
-           "$root"/signal/*_sse*.cpp; do
-    [ -e "$src" ] || continue
-    level=
-    case "$src" in
-        *_plain.cpp) level=-fno-tree-vectorize ;;
-        *_sse.cpp) level=-msse ;;
-        *_sse2.cpp) level=-msse2 ;;
-        *_sse3.cpp) level=-msse3 ;;
-        *_ssse3.cpp) level=-mssse3 ;;
-        *_sse41.cpp) level=-msse4.1 ;;
-    esac
-    obj=$out/obj/$(basename "$(dirname "$src")")_$(basename "$src" .cpp).o
-    clang++ "${flags[@]}" $level -DVEK_VERSION_MAJOR=0 -DVEK_VERSION_MINOR=1 -DVEK_VERSION_PATCH=0 -c "$src" -o "$obj"
-    objs+=("$obj")
-done
-clang++ "${flags[@]}" -fsanitize=fuzzer "$root/tests/fuzz/fuzz_deflate.cpp" "${objs[@]}" -lz -o "$out/fuzz_deflate"
+cd "$root"
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz --target fuzz_deflate
+mkdir -p "$out/corpus"
 cd "$out"
 # A few seeds so the first minute already sees long inputs: text, runs, a
 # dictionary and tiny chunks.
@@ -48,4 +31,4 @@ for name, data in seeds.items():
     open("corpus/seed-" + name, "wb").write(data)
 PY
 fi
-./fuzz_deflate -max_total_time="$seconds" -max_len=300000 -rss_limit_mb=4096 "$@" corpus
+./tests/fuzz/fuzz_deflate -max_total_time="$seconds" -max_len=300000 -rss_limit_mb=4096 "$@" corpus
