@@ -44,10 +44,14 @@ template <class T>
 struct VecCopyAC4 {
     static int run(const T*, T*, int) { return 0; }
 };
-// d = s with channels reordered; s may equal d.
+// d = s with channels reordered; s may equal d.  A Plan, made once per
+// image from the order, holds what the kernel derives from it.
 template <class T>
 struct VecSwap3 {
-    static int run(const T*, T*, int, const int*) { return 0; }
+    struct Plan {
+        explicit Plan(const int*) {}
+    };
+    static int run(const Plan&, const T*, T*, int) { return 0; }
 };
 // Three planes of S-byte samples into one three-channel row; with stream,
 // the level may bypass the cache for the stores.
@@ -61,6 +65,14 @@ template <int S>
 struct VecDeinterleave3 {
     template <class T>
     static int run(const T*, T*, T*, T*, int) { return 0; }
+};
+// Out of place only: the first pixels of d = the last ones of s reversed,
+// in a way that needs no block of whole vectors.  kPixels 0: none.
+template <int S, int C>
+struct RevOverlap {
+    static constexpr int kPixels = 0;
+    template <class T>
+    static int run(const T*, T*, int) { return 0; }
 };
 // A block of kPixels pixels of C channels of S-byte samples, loaded and
 // stored back with its pixels in reverse order.  kPixels 0: no vector code.
@@ -96,8 +108,8 @@ void copyAC4Row(const T* s, T* d, int n) {
 // All three source samples are read before the pixel is written, so s may
 // equal d.
 template <class T>
-void swapChannelsRow(const T* s, T* d, int n, const int order[3]) {
-    for (int x = VecSwap3<T>::run(s, d, n, order); x < n; ++x) {
+void swapChannelsRow(const T* s, T* d, int n, const int order[3], const typename VecSwap3<T>::Plan& plan) {
+    for (int x = VecSwap3<T>::run(plan, s, d, n); x < n; ++x) {
         const T a = s[3 * x + order[0]], b = s[3 * x + order[1]], c = s[3 * x + order[2]];
         d[3 * x] = a;
         d[3 * x + 1] = b;
@@ -128,7 +140,9 @@ template <class T, int C>
 void reverseRow(const T* s, T* d, int n) {
     using R = RevBlock<sizeof(T), C>;
     int x = 0;
-    if constexpr (R::kPixels > 0)
+    if constexpr (RevOverlap<sizeof(T), C>::kPixels > 0)
+        x = RevOverlap<sizeof(T), C>::run(s, d, n);
+    else if constexpr (R::kPixels > 0)
         for (; x + R::kPixels <= n; x += R::kPixels) R::storeReversed(d + x * C, R::load(s + (n - x - R::kPixels) * C));
     for (const T* from = s + (n - x - 1) * C; x < n; ++x, from -= C)
         for (int c = 0; c < C; ++c) d[x * C + c] = from[c];
@@ -295,7 +309,8 @@ VekStatus swapChannelsImage(const T* s, int ss, T* d, int ds, VekiSize roi, cons
     if (roiEmpty(roi)) return StatusSize;
     if (!vek::image::channelOrderValid(order)) return StatusChannelOrder;
     const int o[3] = {order[0], order[1], order[2]};  // the caller's array may lie in the image
-    for (int y = 0; y < roi.height; ++y) swapChannelsRow(rowAt(s, ss, y), rowAt(d, ds, y), roi.width, o);
+    const typename VecSwap3<T>::Plan plan(o);
+    for (int y = 0; y < roi.height; ++y) swapChannelsRow(rowAt(s, ss, y), rowAt(d, ds, y), roi.width, o, plan);
     return StatusOk;
 }
 

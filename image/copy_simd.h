@@ -269,18 +269,56 @@ struct VecCopyAC4<Vek8u> {
 
 // ---- channel swaps (SSSE3) ---------------------------------------------------------------
 #ifdef __SSSE3__
-// Four pixels (12 bytes) per 16-byte load and store; the stores advance by
-// 12 bytes, and the last four bytes of each are the source bytes they
-// replace, unchanged, so the next load reads what it would have, in place
-// or not.  Stops where a 16-byte access would leave the row.
+// Sixteen pixels (48 bytes, three registers) at a time: every byte comes
+// from its own pixel, so output register j takes bytes from input registers
+// j - 1 to j + 1.  All three are loaded before any is stored, so s may equal
+// d.  The controls are made once per image.
 template <>
 struct VecSwap3<Vek8u> {
-    static int run(const Vek8u* s, Vek8u* d, int n, const int order[3]) {
-        alignas(16) signed char control[16];
-        for (int b = 0; b < 16; ++b) control[b] = static_cast<signed char>(b < 12 ? b - b % 3 + order[b % 3] : b);
-        const __m128i c = _mm_load_si128(reinterpret_cast<const __m128i*>(control));
+    struct Plan {
+        __m128i control[3][3];
+        explicit Plan(const int* order) {
+            alignas(16) signed char bytes[3][3][16];
+            for (int j = 0; j < 3; ++j)
+                for (int k = 0; k < 3; ++k)
+                    for (int b = 0; b < 16; ++b) {
+                        const int q = 16 * j + b, from = q - q % 3 + order[q % 3];
+                        bytes[j][k][b] = static_cast<signed char>(from / 16 == k ? from % 16 : -128);
+                    }
+            for (int j = 0; j < 3; ++j)
+                for (int k = 0; k < 3; ++k)
+                    control[j][k] = _mm_load_si128(reinterpret_cast<const __m128i*>(bytes[j][k]));
+        }
+    };
+    static int run(const Plan& p, const Vek8u* s, Vek8u* d, int n) {
+        const auto part = [&](const __m128i& v, int j, int k) { return _mm_shuffle_epi8(v, p.control[j][k]); };
         int x = 0;
-        for (; 3 * int64_t(x) + 16 <= 3 * int64_t(n); x += 4) storei(d + 3 * x, _mm_shuffle_epi8(loadi(s + 3 * x), c));
+        for (; x + 16 <= n; x += 16) {
+            const __m128i a = loadi(s + 3 * x), b = loadi(s + 3 * x + 16), c = loadi(s + 3 * x + 32);
+            storei(d + 3 * x, _mm_or_si128(part(a, 0, 0), part(b, 0, 1)));
+            storei(d + 3 * x + 16, _mm_or_si128(_mm_or_si128(part(a, 1, 0), part(b, 1, 1)), part(c, 1, 2)));
+            storei(d + 3 * x + 32, _mm_or_si128(part(b, 2, 1), part(c, 2, 2)));
+        }
+        return x;
+    }
+};
+
+// Three-channel 16-bit mirror out of place: two pixels (12 bytes) per
+// 16-byte load, shuffle and store, the loads ending at the pixels they take.
+// The stores advance by 12 bytes; the last four bytes of each are rewritten
+// by the next store or by the scalar tail, which takes the last pixels
+// (the loop stops while at least three pixels remain).
+template <>
+struct RevOverlap<2, 3> {
+    static constexpr int kPixels = 2;
+    template <class T>
+    static int run(const T* s, T* d, int n) {
+        alignas(16) static constexpr signed char control[16] = {10, 11, 12, 13, 14, 15, 4, 5, 6, 7, 8, 9, -128, -128, -128, -128};
+        const __m128i c = _mm_load_si128(reinterpret_cast<const __m128i*>(control));
+        const unsigned char* from = reinterpret_cast<const unsigned char*>(s);
+        unsigned char* to = reinterpret_cast<unsigned char*>(d);
+        int x = 0;
+        for (; n - x >= 3; x += 2) storei(to + 6 * x, _mm_shuffle_epi8(loadi(from + 6 * (n - x) - 16), c));
         return x;
     }
 };
