@@ -1,4 +1,5 @@
-// Image copies, sets, mirrors and channel swaps, sse level: 32-bit lane shuffles (SHUFPS): the 32-bit mirrors and the planar 32f copies.
+// Image copies, sets, mirrors and channel swaps, sse level: 32-bit lane shuffles (SHUFPS) for the 32-bit mirrors
+// and the planar 32f copies.
 // The kernels are shared with the other SIMD levels (image/copy_simd.h);
 // this file instantiates them for this level and defines its members.
 #include <immintrin.h>

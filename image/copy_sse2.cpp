@@ -1,4 +1,6 @@
-// Image copies, sets, mirrors and channel swaps, sse2 level: word shuffles and masked stores of SSE2: 8- and 16-bit one-channel mirrors, AC4 copies, 16-bit and C3C sets, border fills.
+// Image copies, sets, mirrors and channel swaps, sse2 level: word shuffles and masked stores for
+// the 8- and 16-bit one-channel mirrors, AC4 copies, 16-bit and C3C sets and
+// border fills.
 // The kernels are shared with the other SIMD levels (image/copy_simd.h);
 // this file instantiates them for this level and defines its members.
 #include <immintrin.h>

@@ -1,4 +1,5 @@
-// Image copies, sets, mirrors and channel swaps, ssse3 level: byte shuffles (PSHUFB): 8- and 16-bit mirrors, channel swaps, planar 8u and 16s copies.
+// Image copies, sets, mirrors and channel swaps, ssse3 level: byte shuffles (PSHUFB) for the 8- and 16-bit
+// mirrors, channel swaps and planar 8u and 16s copies.
 // The kernels are shared with the other SIMD levels (image/copy_simd.h);
 // this file instantiates them for this level and defines its members.
 #include <immintrin.h>
