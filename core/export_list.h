@@ -99,6 +99,45 @@ VEK_EXPORT(veksThreshold_LT_32s_I, plain, plain, sse2, sse2, sse2, sse41, VekSta
 
 
 // ---- image copies, sets, mirrors, channel swaps, borders (image/) ----------
+// Whole rows go through memcpy at every level; the vector levels add
+// shuffles where a row is reordered (see image/copy_simd.h).
+VEK_EXPORT(vekiCopy_8u_C1R,       plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_16s_C1R,      plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_32f_C1R,      plain, plain, plain, plain, plain, plain, VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_8u_C3R,       plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_8u_C4R,       plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_8u_AC4R,      plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_8u_P3C3R,     plain, plain, plain, plain, ssse3, ssse3, VekStatus, (const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_16s_P3C3R,    plain, plain, plain, plain, ssse3, ssse3, VekStatus, (const Vek16s* const pSrc[3], int srcStep, Vek16s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_32f_P3C3R,    plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCopy_32f_C3P3R,    plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3], int dstStep, VekiSize roi))
+VEK_EXPORT(vekiSet_8u_C1R,        plain, plain, plain, plain, plain, plain, VekStatus, (Vek8u value, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiSet_16s_C1R,       plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (Vek16s value, Vek16s* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiSet_16u_C1R,       plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (Vek16u value, Vek16u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiSet_8u_C3CR,       plain, plain, sse2,  sse2,  sse2,  sse2,  VekStatus, (Vek8u value, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiMirror_8u_C1R,     plain, plain, sse2,  sse2,  ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_8u_C3R,     plain, plain, plain, plain, ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_16u_C1R,    plain, plain, sse2,  sse2,  ssse3, ssse3, VekStatus, (const Vek16u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_16u_C3R,    plain, plain, plain, plain, ssse3, ssse3, VekStatus, (const Vek16u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_16s_C1R,    plain, plain, sse2,  sse2,  ssse3, ssse3, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_16s_C3R,    plain, plain, plain, plain, ssse3, ssse3, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_32s_C1R,    plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (const Vek32s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_32s_C3R,    plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (const Vek32s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_32f_C1R,    plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_32f_C3R,    plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_8u_C1IR,    plain, plain, sse2,  sse2,  ssse3, ssse3, VekStatus, (Vek8u* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_8u_C3IR,    plain, plain, plain, plain, ssse3, ssse3, VekStatus, (Vek8u* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_16u_C1IR,   plain, plain, sse2,  sse2,  ssse3, ssse3, VekStatus, (Vek16u* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_16u_C3IR,   plain, plain, plain, plain, ssse3, ssse3, VekStatus, (Vek16u* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_16s_C1IR,   plain, plain, sse2,  sse2,  ssse3, ssse3, VekStatus, (Vek16s* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_16s_C3IR,   plain, plain, plain, plain, ssse3, ssse3, VekStatus, (Vek16s* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_32s_C1IR,   plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (Vek32s* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_32s_C3IR,   plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (Vek32s* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_32f_C1IR,   plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (Vek32f* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiMirror_32f_C3IR,   plain, sse,   sse,   sse,   sse,   sse,   VekStatus, (Vek32f* pSrcDst, int srcDstStep, VekiSize roi, int flip))
+VEK_EXPORT(vekiSwapChannels_8u_C3R,  plain, plain, plain, plain, ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, const int dstOrder[3]))
+VEK_EXPORT(vekiSwapChannels_8u_C3IR, plain, plain, plain, plain, ssse3, ssse3, VekStatus, (Vek8u* pSrcDst, int srcDstStep, VekiSize roi, const int dstOrder[3]))
+VEK_EXPORT(vekiCopyReplicateBorder_32s_C1R, plain, plain, sse2, sse2, sse2, sse2, VekStatus, (const Vek32s* pSrc, int srcStep, VekiSize srcRoi, Vek32s* pDst, int dstStep, VekiSize dstRoi, int topBorderHeight, int leftBorderWidth))
 
 
 // ---- image type conversions and per-pixel arithmetic (image/) --------------

@@ -58,9 +58,11 @@ enum {
     StatusModeNotSupported  = -9999,
     StatusCpuNotSupported   = -9998,
     StatusDataUnderRun      = -124,
+    StatusChannelOrder      = -60,  /* a channel order outside 0..2 */
     StatusShift             = -32,
     StatusResizeFactor      = -23,
     StatusInterpolation     = -22,
+    StatusMirrorFlip        = -21,  /* an unknown mirror flip code */
     StatusContextMismatch   = -17,
     StatusStep              = -14,
     StatusScaleRange        = -13,
@@ -327,6 +329,92 @@ VEK_API VekStatus VEK_CALL veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek3
 
 
 /* ---- Images: copies, sets, mirrors, channel swaps, borders --------------- */
+/* An image is a pointer to the first pixel of its region of interest and a
+ * row step in bytes.  Copies, sets, mirrors, channel swaps and the border
+ * replication accept any step, zero and negative included (a negative step
+ * walks a bottom-up image), and need no alignment.  Checks, in order: a null
+ * pointer -> StatusNullPointer; a region below 1 x 1 -> StatusSize; then the
+ * function's own parameters.  Nothing is written on failure.  A source and
+ * its destination must not overlap (use the in-place forms), and the rows of
+ * one image must not overlap one another unless the step is zero, in which
+ * case rows are processed from the first to the last.
+ */
+
+/* Copy roi.width pixels of each of roi.height rows.  AC4: channels 0..2 of
+ * each four-channel pixel; the destination's fourth channel keeps its value
+ * (it may be read and written back unchanged). */
+VEK_API VekStatus VEK_CALL vekiCopy_8u_C1R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_32f_C1R(const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_8u_C4R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_8u_AC4R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+
+/* Planar to interleaved: channel c of each pixel comes from plane pSrc[c];
+ * the three planes share srcStep.  A null array or plane pointer gives
+ * StatusNullPointer.  Interleaved to planar (C3P3R) is the reverse, the
+ * three destination planes sharing dstStep.  Outputs of more than 2 MiB are
+ * written with stores that bypass the cache where the code path has them
+ * (from SSE for 32f, from SSSE3 for 8u and 16s); the result is the same. */
+VEK_API VekStatus VEK_CALL vekiCopy_8u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_16s_P3C3R(const Vek16s* const pSrc[3], int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_32f_P3C3R(const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_32f_C3P3R(const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3], int dstStep, VekiSize roi);
+
+/* Write value into every sample of the region.  C3CR: pDst addresses one
+ * channel of the first pixel of a three-channel image; that channel of each
+ * pixel is set and the other two are left alone (only the bytes from pDst
+ * to the last written byte of a row are accessed). */
+VEK_API VekStatus VEK_CALL vekiSet_8u_C1R(Vek8u value, Vek8u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiSet_16s_C1R(Vek16s value, Vek16s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiSet_16u_C1R(Vek16u value, Vek16u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiSet_8u_C3CR(Vek8u value, Vek8u* pDst, int dstStep, VekiSize roi);
+
+/* Mirror.  flip 0: about the horizontal axis (source row i goes to row
+ * roi.height - 1 - i); 1: about the vertical axis (pixel x goes to
+ * roi.width - 1 - x, channels kept in order); 2: both.  After the pointer
+ * and region checks: another flip code -> StatusMirrorFlip; then flip 0 with
+ * roi.height < 2, flip 1 with roi.width < 2, flip 2 with either ->
+ * StatusSize.  In place (IR), the middle row of an odd height and the middle
+ * pixel of an odd width stay where they are. */
+VEK_API VekStatus VEK_CALL vekiMirror_8u_C1R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16u_C1R(const Vek16u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16u_C3R(const Vek16u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16s_C3R(const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32s_C3R(const Vek32s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32f_C1R(const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32f_C3R(const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_8u_C1IR(Vek8u* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_8u_C3IR(Vek8u* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16u_C1IR(Vek16u* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16u_C3IR(Vek16u* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16s_C1IR(Vek16s* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16s_C3IR(Vek16s* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32s_C1IR(Vek32s* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32s_C3IR(Vek32s* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32f_C1IR(Vek32f* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32f_C3IR(Vek32f* pSrcDst, int srcDstStep, VekiSize roi, int flip);
+
+/* Reorder the channels of a three-channel image: destination channel c
+ * takes source channel dstOrder[c] (so {2, 1, 0} swaps the first and the
+ * last).  A value repeated in dstOrder copies that channel twice.  A null
+ * dstOrder is StatusNullPointer (with the image pointers); after the region
+ * check, a dstOrder value outside 0..2 gives StatusChannelOrder. */
+VEK_API VekStatus VEK_CALL vekiSwapChannels_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, const int dstOrder[3]);
+VEK_API VekStatus VEK_CALL vekiSwapChannels_8u_C3IR(Vek8u* pSrcDst, int srcDstStep, VekiSize roi, const int dstOrder[3]);
+
+/* Copy the srcRoi region of pSrc into the dstRoi region of pDst with its top
+ * left pixel at (leftBorderWidth, topBorderHeight), and fill the rest of
+ * dstRoi with the nearest source pixel: source rows are extended to the left
+ * and right with their first and last pixels, and the first and last of the
+ * extended rows are repeated above and below.  StatusSize when either region
+ * is below 1 x 1, a border is negative, or dstRoi is narrower than
+ * srcRoi.width + leftBorderWidth or lower than srcRoi.height +
+ * topBorderHeight (the right and bottom borders take what is left). */
+VEK_API VekStatus VEK_CALL vekiCopyReplicateBorder_32s_C1R(const Vek32s* pSrc, int srcStep, VekiSize srcRoi, Vek32s* pDst, int dstStep, VekiSize dstRoi, int topBorderHeight, int leftBorderWidth);
 
 
 /* ---- Images: type conversions and per-pixel arithmetic ------------------- */

@@ -1,0 +1,417 @@
+// Vector kernels of the image copy family for the SSE levels.
+//
+// Included by each SIMD level's translation unit inside that level's
+// namespace, after <immintrin.h> and image/copy_rows.h, whose Vec... and
+// RevBlock templates it specialises; everything has internal linkage, so no
+// kernel built for one level leaks into another.  What a level may use is
+// read from the compiler's own macros:
+//   SSE    32-bit lane shuffles (SHUFPS): 32-bit mirrors, planar 32f copies;
+//   SSE2   16-bit word shuffles (PSHUFLW/PSHUFHW/PSHUFD): 8- and 16-bit
+//          mirrors of one channel; masked stores for AC4 and C3C; fills;
+//   SSSE3  byte shuffles (PSHUFB): three-channel 8- and 16-bit mirrors,
+//          channel swaps, planar 8u and 16s copies.
+// The permutations are described by index maps (output position -> input
+// position) from which the shuffle controls are computed at compile time.
+#ifndef VEK_IMAGE_COPY_SIMD_H
+#define VEK_IMAGE_COPY_SIMD_H
+
+namespace {
+
+inline __m128 loadf(const void* p) { return _mm_loadu_ps(static_cast<const float*>(p)); }
+inline void storef(void* p, __m128 v) { _mm_storeu_ps(static_cast<float*>(p), v); }
+inline void streamf(void* p, __m128 v) { _mm_stream_ps(static_cast<float*>(p), v); }
+inline void put(void* p, __m128 v, std::false_type) { storef(p, v); }
+inline void put(void* p, __m128 v, std::true_type) { streamf(p, v); }
+#ifdef __SSE2__
+inline __m128i loadi(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
+inline void storei(void* p, __m128i v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
+inline void put(void* p, __m128i v, std::false_type) { storei(p, v); }
+inline void put(void* p, __m128i v, std::true_type) { _mm_stream_si128(static_cast<__m128i*>(p), v); }
+#endif
+
+// ---- index maps -------------------------------------------------------------------
+// src(q): which input element feeds output element q, elements counted
+// across the K registers of a block.
+
+// Reverse the order of pixels of B elements in a block of K registers of
+// E-element lanes (E elements per register).
+template <int PixelElements, int ElementsPerRegister, int K>
+struct ReversePixels {
+    static constexpr int kPixels = ElementsPerRegister * K / PixelElements;
+    static constexpr int src(int q) {
+        return PixelElements * (kPixels - 1 - q / PixelElements) + q % PixelElements;
+    }
+};
+// Three planes (one register each, N samples of `Bytes` bytes) into three
+// registers of interleaved samples; counted in bytes.
+template <int Bytes>
+struct InterleaveBytes {
+    static constexpr int src(int q) {
+        const int sample = q / Bytes, byte = q % Bytes;
+        return (sample % 3) * 16 + (sample / 3) * Bytes + byte;
+    }
+};
+// The same for 32-bit lanes, and its inverse.
+struct InterleaveLanes {
+    static constexpr int src(int q) { return (q % 3) * 4 + q / 3; }
+};
+struct DeinterleaveLanes {
+    static constexpr int src(int q) { return 3 * (q % 4) + q / 4; }
+};
+
+// ---- 32-bit lane permutation of K registers (SHUFPS) -----------------------------
+// Each output register takes its lanes in two pairs; a pair from one input
+// register needs no shuffle of its own, so a reversal of one register is a
+// single SHUFPS.
+template <class Map, int K>
+struct LanePermute {
+    template <int J>
+    static __m128 outRegister(const __m128* in) {
+        constexpr int s0 = Map::src(4 * J), s1 = Map::src(4 * J + 1);
+        constexpr int s2 = Map::src(4 * J + 2), s3 = Map::src(4 * J + 3);
+        constexpr bool loOne = s0 / 4 == s1 / 4, hiOne = s2 / 4 == s3 / 4;
+        __m128 lo = in[s0 / 4], hi = in[s2 / 4];
+        if constexpr (!loOne) lo = _mm_shuffle_ps(in[s0 / 4], in[s1 / 4], _MM_SHUFFLE(0, s1 % 4, 0, s0 % 4));
+        if constexpr (!hiOne) hi = _mm_shuffle_ps(in[s2 / 4], in[s3 / 4], _MM_SHUFFLE(0, s3 % 4, 0, s2 % 4));
+        constexpr int i0 = loOne ? s0 % 4 : 0, i1 = loOne ? s1 % 4 : 2;
+        constexpr int i2 = hiOne ? s2 % 4 : 0, i3 = hiOne ? s3 % 4 : 2;
+        return _mm_shuffle_ps(lo, hi, _MM_SHUFFLE(i3, i2, i1, i0));
+    }
+    template <size_t... J>
+    static void apply(const __m128* in, __m128* out, std::index_sequence<J...>) {
+        ((out[J] = outRegister<J>(in)), ...);
+    }
+    static void apply(const __m128* in, __m128* out) { apply(in, out, std::make_index_sequence<K>()); }
+};
+
+#ifdef __SSSE3__
+// ---- byte permutation of K registers (PSHUFB) ------------------------------------
+// Output register j is the OR of one PSHUFB per input register that feeds it.
+template <class Map, int K>
+struct BytePermute {
+    struct Controls {
+        alignas(16) signed char bytes[K][K][16];
+        bool used[K][K];
+    };
+    static constexpr Controls make() {
+        Controls r{};
+        for (int j = 0; j < K; ++j)
+            for (int k = 0; k < K; ++k)
+                for (int b = 0; b < 16; ++b) {
+                    const int s = Map::src(16 * j + b);
+                    const bool here = s / 16 == k;
+                    r.bytes[j][k][b] = static_cast<signed char>(here ? s % 16 : -128);
+                    r.used[j][k] = r.used[j][k] || here;
+                }
+        return r;
+    }
+    static constexpr Controls kControls = make();
+
+    template <int J, size_t... I>
+    static __m128i outRegister(const __m128i* in, std::index_sequence<I...>) {
+        __m128i acc = _mm_setzero_si128();
+        ((acc = kControls.used[J][I]
+                    ? _mm_or_si128(acc, _mm_shuffle_epi8(in[I], _mm_load_si128(reinterpret_cast<const __m128i*>(
+                                                                    kControls.bytes[J][I]))))
+                    : acc),
+         ...);
+        return acc;
+    }
+    template <size_t... J>
+    static void apply(const __m128i* in, __m128i* out, std::index_sequence<J...>) {
+        ((out[J] = outRegister<J>(in, std::make_index_sequence<K>())), ...);
+    }
+    static void apply(const __m128i* in, __m128i* out) { apply(in, out, std::make_index_sequence<K>()); }
+};
+#endif
+
+// ---- mirrors ----------------------------------------------------------------------
+
+// 32-bit samples (integer or float, moved as bits): one register of four
+// pixels of one channel, or three registers of four pixels of three.
+template <int C>
+struct LaneReverse {
+    static constexpr int K = C == 1 ? 1 : 3;
+    static constexpr int kPixels = 4 * K / C;
+    struct Block {
+        __m128 v[K];
+    };
+    static Block load(const void* p) {
+        Block b;
+        for (int k = 0; k < K; ++k) b.v[k] = loadf(static_cast<const float*>(p) + 4 * k);
+        return b;
+    }
+    static void storeReversed(void* p, const Block& b) {
+        __m128 out[K];
+        LanePermute<ReversePixels<C, 4, K>, K>::apply(b.v, out);
+        for (int k = 0; k < K; ++k) storef(static_cast<float*>(p) + 4 * k, out[k]);
+    }
+};
+template <>
+struct RevBlock<4, 1> : LaneReverse<1> {};
+template <>
+struct RevBlock<4, 3> : LaneReverse<3> {};
+
+#ifdef __SSE2__
+// One register of 8- or 16-bit samples of one channel, reversed with word
+// shuffles (and, for bytes, a swap of the bytes of each word).
+template <int S>
+struct WordReverse {
+    static constexpr int kPixels = 16 / S;
+    struct Block {
+        __m128i v;
+    };
+    static Block load(const void* p) { return {loadi(p)}; }
+    static void storeReversed(void* p, const Block& b) {
+        __m128i v = _mm_shufflelo_epi16(b.v, _MM_SHUFFLE(0, 1, 2, 3));
+        v = _mm_shufflehi_epi16(v, _MM_SHUFFLE(0, 1, 2, 3));
+        v = _mm_shuffle_epi32(v, _MM_SHUFFLE(1, 0, 3, 2));
+        if constexpr (S == 1) v = _mm_or_si128(_mm_slli_epi16(v, 8), _mm_srli_epi16(v, 8));
+        storei(p, v);
+    }
+};
+#endif
+
+#ifdef __SSSE3__
+// Any 8- or 16-bit layout: one register for one channel, three registers
+// (a whole number of three-channel pixels) for three.
+template <int S, int C>
+struct ByteReverse {
+    static constexpr int K = C == 1 ? 1 : 3;
+    static constexpr int kPixels = 16 * K / (S * C);
+    struct Block {
+        __m128i v[K];
+    };
+    static Block load(const void* p) {
+        Block b;
+        for (int k = 0; k < K; ++k) b.v[k] = loadi(static_cast<const unsigned char*>(p) + 16 * k);
+        return b;
+    }
+    static void storeReversed(void* p, const Block& b) {
+        __m128i out[K];
+        BytePermute<ReversePixels<S * C, 16, K>, K>::apply(b.v, out);
+        for (int k = 0; k < K; ++k) storei(static_cast<unsigned char*>(p) + 16 * k, out[k]);
+    }
+};
+template <>
+struct RevBlock<1, 1> : ByteReverse<1, 1> {};
+template <>
+struct RevBlock<2, 1> : ByteReverse<2, 1> {};
+template <>
+struct RevBlock<1, 3> : ByteReverse<1, 3> {};
+template <>
+struct RevBlock<2, 3> : ByteReverse<2, 3> {};
+#elif defined(__SSE2__)
+template <>
+struct RevBlock<1, 1> : WordReverse<1> {};
+template <>
+struct RevBlock<2, 1> : WordReverse<2> {};
+#endif
+
+// ---- fills and masked copies (SSE2) ---------------------------------------------------
+#ifdef __SSE2__
+// The last vector may overlap the one before: it writes the same value.
+template <int S>
+struct WideFill {
+    template <class T>
+    static int run(T* d, int n, T v) {
+        constexpr int W = 16 / S;
+        if (n < W) return 0;
+        __m128i x;
+        if constexpr (S == 2) x = _mm_set1_epi16(static_cast<short>(v));
+        else x = _mm_set1_epi32(static_cast<int>(v));
+        for (int i = 0; i + W <= n; i += W) storei(d + i, x);
+        storei(d + n - W, x);
+        return n;
+    }
+};
+template <>
+struct VecFill<2> : WideFill<2> {};
+template <>
+struct VecFill<4> : WideFill<4> {};
+
+// Blocks of 48 bytes (16 pixels) inside the 3n - 2 bytes the row spans, so
+// no byte after the last written one is read or rewritten.
+template <>
+struct VecFillEveryThird<Vek8u> {
+    static int run(Vek8u* d, int n, Vek8u v) {
+        alignas(16) unsigned char mask[48];
+        for (int b = 0; b < 48; ++b) mask[b] = b % 3 == 0 ? 0xFF : 0;
+        const __m128i value = _mm_set1_epi8(static_cast<char>(v));
+        const __m128i m[3] = {_mm_load_si128(reinterpret_cast<const __m128i*>(mask)),
+                              _mm_load_si128(reinterpret_cast<const __m128i*>(mask + 16)),
+                              _mm_load_si128(reinterpret_cast<const __m128i*>(mask + 32))};
+        const int64_t span = 3 * int64_t(n) - 2;
+        int64_t o = 0;
+        for (; o + 48 <= span; o += 48)
+            for (int k = 0; k < 3; ++k) {
+                Vek8u* p = d + o + 16 * k;
+                storei(p, _mm_or_si128(_mm_and_si128(m[k], value), _mm_andnot_si128(m[k], loadi(p))));
+            }
+        return static_cast<int>(o / 3);
+    }
+};
+
+// The alpha bytes are read and written back unchanged.
+template <>
+struct VecCopyAC4<Vek8u> {
+    static int run(const Vek8u* s, Vek8u* d, int n) {
+        const __m128i colour = _mm_set1_epi32(0x00FFFFFF);
+        int x = 0;
+        for (; x + 4 <= n; x += 4) {
+            const __m128i keep = _mm_andnot_si128(colour, loadi(d + 4 * x));
+            storei(d + 4 * x, _mm_or_si128(keep, _mm_and_si128(colour, loadi(s + 4 * x))));
+        }
+        return x;
+    }
+};
+#endif
+
+// ---- channel swaps (SSSE3) ---------------------------------------------------------------
+#ifdef __SSSE3__
+// Sixteen pixels (48 bytes, three registers) at a time: every byte comes
+// from its own pixel, so output register j takes bytes from input registers
+// j - 1 to j + 1.  All three are loaded before any is stored, so s may equal
+// d.  The controls are made once per image.
+template <>
+struct VecSwap3<Vek8u> {
+    struct Plan {
+        __m128i control[3][3];
+        explicit Plan(const int* order) {
+            alignas(16) signed char bytes[3][3][16];
+            for (int j = 0; j < 3; ++j)
+                for (int k = 0; k < 3; ++k)
+                    for (int b = 0; b < 16; ++b) {
+                        const int q = 16 * j + b, from = q - q % 3 + order[q % 3];
+                        bytes[j][k][b] = static_cast<signed char>(from / 16 == k ? from % 16 : -128);
+                    }
+            for (int j = 0; j < 3; ++j)
+                for (int k = 0; k < 3; ++k)
+                    control[j][k] = _mm_load_si128(reinterpret_cast<const __m128i*>(bytes[j][k]));
+        }
+    };
+    static int run(const Plan& p, const Vek8u* s, Vek8u* d, int n) {
+        const auto part = [&](const __m128i& v, int j, int k) { return _mm_shuffle_epi8(v, p.control[j][k]); };
+        int x = 0;
+        for (; x + 16 <= n; x += 16) {
+            const __m128i a = loadi(s + 3 * x), b = loadi(s + 3 * x + 16), c = loadi(s + 3 * x + 32);
+            storei(d + 3 * x, _mm_or_si128(part(a, 0, 0), part(b, 0, 1)));
+            storei(d + 3 * x + 16, _mm_or_si128(_mm_or_si128(part(a, 1, 0), part(b, 1, 1)), part(c, 1, 2)));
+            storei(d + 3 * x + 32, _mm_or_si128(part(b, 2, 1), part(c, 2, 2)));
+        }
+        return x;
+    }
+};
+
+// Three-channel 16-bit mirror out of place: two pixels (12 bytes) per
+// 16-byte load, shuffle and store, the loads ending at the pixels they take.
+// The stores advance by 12 bytes; the last four bytes of each are rewritten
+// by the next store or by the scalar tail, which takes the last pixels
+// (the loop stops while at least three pixels remain).
+template <>
+struct RevOverlap<2, 3> {
+    static constexpr int kPixels = 2;
+    template <class T>
+    static int run(const T* s, T* d, int n) {
+        alignas(16) static constexpr signed char control[16] = {10, 11, 12, 13, 14, 15, 4, 5, 6, 7, 8, 9, -128, -128, -128, -128};
+        const __m128i c = _mm_load_si128(reinterpret_cast<const __m128i*>(control));
+        const unsigned char* from = reinterpret_cast<const unsigned char*>(s);
+        unsigned char* to = reinterpret_cast<unsigned char*>(d);
+        int x = 0;
+        for (; n - x >= 3; x += 2) storei(to + 6 * x, _mm_shuffle_epi8(loadi(from + 6 * (n - x) - 16), c));
+        return x;
+    }
+};
+#endif
+
+// ---- planar and interleaved rows ------------------------------------------------------------
+
+// Pixels before the first whose three-channel destination is 16-byte
+// aligned, or -1 if none (a destination not aligned to its sample size).
+template <int S>
+int pixelsToAlignment(const void* d) {
+    for (int h = 0; h < 16 / S; ++h)
+        if ((reinterpret_cast<uintptr_t>(d) + 3 * S * h) % 16 == 0) return h;
+    return -1;
+}
+
+// Drives a kernel over blocks of 16 / S pixels.  When streaming, a short
+// scalar head reaches an aligned destination and the stores bypass the
+// cache (then a fence orders them before whatever the caller does next).
+template <int S, class Block, class T>
+int interleaveBlocks(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
+    constexpr int P = 16 / S;
+    int x = 0;
+    if (stream) {
+        const int head = pixelsToAlignment<S>(d);
+        if (head >= 0 && head + P <= n) {
+            for (; x < head; ++x) d[3 * x] = a[x], d[3 * x + 1] = b[x], d[3 * x + 2] = c[x];
+            for (; x + P <= n; x += P) Block::run(a + x, b + x, c + x, d + 3 * x, std::true_type());
+            _mm_sfence();
+            return x;
+        }
+    }
+    for (; x + P <= n; x += P) Block::run(a + x, b + x, c + x, d + 3 * x, std::false_type());
+    return x;
+}
+
+struct InterleaveLaneBlock {
+    template <class T, class Streaming>
+    static void run(const T* a, const T* b, const T* c, T* d, Streaming nt) {
+        const __m128 in[3] = {loadf(a), loadf(b), loadf(c)};
+        __m128 out[3];
+        LanePermute<InterleaveLanes, 3>::apply(in, out);
+        for (int k = 0; k < 3; ++k) put(d + 4 * k, out[k], nt);
+    }
+};
+template <>
+struct VecInterleave3<4> {
+    template <class T>
+    static int run(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
+        return interleaveBlocks<4, InterleaveLaneBlock>(a, b, c, d, n, stream);
+    }
+};
+template <>
+struct VecDeinterleave3<4> {
+    template <class T>
+    static int run(const T* s, T* a, T* b, T* c, int n) {
+        int x = 0;
+        for (; x + 4 <= n; x += 4) {
+            const __m128 in[3] = {loadf(s + 3 * x), loadf(s + 3 * x + 4), loadf(s + 3 * x + 8)};
+            __m128 out[3];
+            LanePermute<DeinterleaveLanes, 3>::apply(in, out);
+            storef(a + x, out[0]);
+            storef(b + x, out[1]);
+            storef(c + x, out[2]);
+        }
+        return x;
+    }
+};
+
+#ifdef __SSSE3__
+template <int S>
+struct InterleaveByteBlock {
+    template <class T, class Streaming>
+    static void run(const T* a, const T* b, const T* c, T* d, Streaming nt) {
+        const __m128i in[3] = {loadi(a), loadi(b), loadi(c)};
+        __m128i out[3];
+        BytePermute<InterleaveBytes<S>, 3>::apply(in, out);
+        for (int k = 0; k < 3; ++k) put(reinterpret_cast<unsigned char*>(d) + 16 * k, out[k], nt);
+    }
+};
+template <int S>
+struct ByteInterleave {
+    template <class T>
+    static int run(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
+        return interleaveBlocks<S, InterleaveByteBlock<S>>(a, b, c, d, n, stream);
+    }
+};
+template <>
+struct VecInterleave3<1> : ByteInterleave<1> {};
+template <>
+struct VecInterleave3<2> : ByteInterleave<2> {};
+#endif
+
+}  // namespace
+
+#endif
