@@ -10,7 +10,7 @@
 #include <stdint.h>
 #include <string.h>
 
-#include <cmath>
+#include <type_traits>
 
 #include "core/dispatch.h"
 
@@ -46,7 +46,12 @@ void narrowKernel(const Vek32s* src, Vek16s* dst, int len) {
 constexpr int kScaleLimit = 200;
 double powerOfTwo(int scaleFactor) {
     const int sf = scaleFactor < -kScaleLimit ? -kScaleLimit : (scaleFactor > kScaleLimit ? kScaleLimit : scaleFactor);
-    return std::ldexp(1.0, -sf);
+    // Built from its exponent bits (always a normal double here), which
+    // keeps the library free of the maths library.
+    const uint64_t bits = uint64_t(1023 - sf) << 52;
+    double p;
+    memcpy(&p, &bits, sizeof p);
+    return p;
 }
 
 void toFloatKernel(const Vek32s* src, Vek32f* dst, int len, int scaleFactor) {

@@ -472,14 +472,18 @@ TEST(DeflateMatch, Dictionaries) {
         EXPECT_EQ(s.streamPos, 32768);
         ASSERT_EQ(s.historyPos - s.history, 32768);
         EXPECT_EQ(memcmp(s.history, dict.data() + 40000 - 32768, 32768), 0);
-        // Bytes near the dictionary's end match; its dropped start does not.
+        // Bytes near the dictionary's end match; its dropped start does not
+        // (random data leave room only for short chance matches).
         std::vector<uint8_t> data(dict.end() - 100, dict.end() - 50);
         data.insert(data.end(), dict.begin() + 10, dict.begin() + 60);
         const Encoded e = encodeOnce(level, holder.get(), data);
         ASSERT_GE(e.pairs.size(), 2u);
         EXPECT_EQ(e.pairs[0], 50);
         EXPECT_EQ(e.pairs[1], 100);
-        for (size_t k = 1; k < e.pairs.size() / 2; ++k) EXPECT_EQ(e.pairs[2 * k + 1], 0) << k;
+        for (size_t k = 1; k < e.pairs.size() / 2; ++k)
+            if (e.pairs[2 * k + 1]) {
+                EXPECT_LT(e.pairs[2 * k], 8) << k;
+            }
         // Once the stream has begun, a dictionary is refused and nothing changes.
         const std::vector<uint8_t> image = imageOf(s);
         EXPECT_EQ(setDict(dict.data(), 100, holder.get()), StatusUnknown);
@@ -517,7 +521,17 @@ TEST(DeflateMatch, ZeroPairCapacityConsumesNothing) {
 // A flush-2 call and the one after it see no earlier bytes and keep none;
 // matching reaches back again from the call after those two.
 TEST(DeflateMatch, HistoryCut) {
-    const std::vector<uint8_t> block = makeData(DataKind::Random, 1000);
+    // Random bytes in which no three-byte string occurs twice, so any match
+    // found reaches into an earlier call.
+    std::vector<uint8_t> block;
+    std::set<uint32_t> seen;
+    std::mt19937 pick(5);
+    while (block.size() < 1000) {
+        const uint8_t b = static_cast<uint8_t>(pick());
+        const size_t n = block.size();
+        if (n >= 2 && !seen.insert(uint32_t(block[n - 2]) << 16 | uint32_t(block[n - 1]) << 8 | b).second) continue;
+        block.push_back(b);
+    }
     for (int level : availableLevels())
         for (int comprClass : {0, 1, 2}) {
             Scenario sc;
