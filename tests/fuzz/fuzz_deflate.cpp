@@ -13,32 +13,13 @@
 #include <zlib.h>
 
 #include "../deflate_stream_driver.h"
+#include "../zlib_client.h"
 
 namespace {
 
 [[noreturn]] void failWith(const char* what) {
     fprintf(stderr, "fuzz_deflate: %s\n", what);
     abort();
-}
-
-std::vector<uint8_t> inflateRaw(const std::vector<uint8_t>& stream, const std::vector<uint8_t>& dict, size_t& used) {
-    z_stream z{};
-    if (inflateInit2(&z, -15) != Z_OK) failWith("inflateInit2");
-    if (!dict.empty() && inflateSetDictionary(&z, dict.data(), uInt(dict.size())) != Z_OK) failWith("dictionary");
-    std::vector<uint8_t> out, buf(1 << 16);
-    z.next_in = const_cast<Bytef*>(stream.data());
-    z.avail_in = uInt(stream.size());
-    int r;
-    do {
-        z.next_out = buf.data();
-        z.avail_out = uInt(buf.size());
-        r = inflate(&z, Z_NO_FLUSH);
-        out.insert(out.end(), buf.data(), z.next_out);
-    } while (r == Z_OK);
-    if (r != Z_STREAM_END) failWith(z.msg ? z.msg : "inflate did not reach the end");
-    used = z.total_in;
-    inflateEnd(&z);
-    return out;
 }
 
 }  // namespace
@@ -60,19 +41,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* in, size_t size) {
 
     const vekstream::Stream s = vekstream::compress(data.data(), data.size(), k);
     if (!s.error.empty()) failWith(s.error.c_str());
-    size_t used = 0;
-    if (inflateRaw(s.bytes, k.dict, used) != data) failWith("the stream inflates to other bytes");
-
-    const uLong kept = dictLen < 3 ? 0 : std::min<size_t>(dictLen, 32768);
-    std::vector<uint8_t> expected;
-    if (k.checksumKind == 1) {
-        const uLong a = data.empty() ? 0 : adler32(0, data.data(), uInt(data.size()));
-        expected = {uint8_t(a >> 24), uint8_t(a >> 16), uint8_t(a >> 8), uint8_t(a)};
-    } else {
-        const uLong c = k.checksumKind == 2 && !data.empty() ? crc32(0, data.data(), uInt(data.size())) : 0;
-        for (uLong v : {c, uLong(kept + data.size())})
-            for (int i = 0; i < 4; ++i) expected.push_back(uint8_t(v >> (8 * i)));
-    }
-    if (std::vector<uint8_t>(s.bytes.begin() + used, s.bytes.end()) != expected) failWith("wrong trailer");
+    const vektest::Inflated back = vektest::inflateStream(s.bytes.data(), s.bytes.size(), -15, k.dict);
+    if (!back.complete) failWith(back.error.c_str());
+    if (back.bytes != data) failWith("the stream inflates to other bytes");
+    if (std::vector<uint8_t>(s.bytes.begin() + back.used, s.bytes.end()) !=
+        vektest::expectedTrailer(data, dictLen, k.checksumKind))
+        failWith("wrong trailer");
     return 0;
 }
