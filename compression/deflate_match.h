@@ -115,17 +115,20 @@ private:
     }
 
     // Fast: one candidate, the last position with the same rolling hash.
+    // Positions from base_ on are in the input, so the current bytes are
+    // addressed there directly.
     int runFast(int p) {
         for (; p < end_ - 2 && pairSpace_ > 0;) {
             const int maxLen = maxLength(p, 2);
-            int& head = s_.head[rollingHash(at(p))];
+            const Vek8u* cur = src_ + (p - base_);
+            int& head = s_.head[rollingHash(cur)];
             const int c = head;
             head = p;
             int len = 0;
-            if (maxLen >= deflate::kMinMatch && c >= oldestCandidate(p) && c < p) len = matchLength(at(c), at(p), maxLen);
+            if (maxLen >= deflate::kMinMatch && c >= oldestCandidate(p) && c < p) len = matchLength(at(c), cur, maxLen);
             if (len >= deflate::kMinMatch) {
                 emit(len, p - c);
-                for (int q = p + 1; q < p + len; ++q) s_.head[rollingHash(at(q))] = q;
+                for (int q = 1; q < len; ++q) s_.head[rollingHash(cur + q)] = p + q;
                 p += len;
             } else {
                 emitLiteral(p++);

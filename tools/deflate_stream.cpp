@@ -39,7 +39,7 @@ double entropyBits(const uint32_t* counts, int n) {
 
 SizeEstimate estimate(const Vek16u* pairs, int count, size_t rawLen) {
     uint32_t litLen[kLitLenCount] = {}, dist[kDistCount] = {};
-    double extraBits = 0;
+    uint64_t extraBits = 0;  // an integer sum: no chain of floating-point adds per match
     for (int i = 0; i < count; ++i, pairs += 2) {
         if (pairs[1] == 0) {
             ++litLen[pairs[0]];
@@ -55,8 +55,8 @@ SizeEstimate estimate(const Vek16u* pairs, int count, size_t rawLen) {
     for (int s = 0; s < kLitLenCount; ++s)
         e.fixedBits += double(litLen[s]) * (s < 144 ? 8 : s < 256 ? 9 : s < 280 ? 7 : 8);
     for (int d = 0; d < kDistCount; ++d) e.fixedBits += 5.0 * dist[d];
-    e.fixedBits += extraBits + 3;
-    e.dynamicBits = entropyBits(litLen, kLitLenCount) + entropyBits(dist, kDistCount) + extraBits + 3 + 14 + 57;
+    e.fixedBits += double(extraBits) + 3;
+    e.dynamicBits = entropyBits(litLen, kLitLenCount) + entropyBits(dist, kDistCount) + double(extraBits) + 3 + 14 + 57;
     const size_t blocks = std::max<size_t>(1, (rawLen + kStoredMax - 1) / kStoredMax);
     e.storedBits = 8.0 * (rawLen + 5 * blocks) + 7;
     return e;
@@ -70,26 +70,22 @@ public:
         if (state_) veksLZ77Free_8u(state_);
     }
 
-    Result run(const ReadFn& read) {
+    // The input a slice at a time: where its bytes are and how many (at
+    // most kInputSlice; negative on a read error), and whether it is the last.
+    using SliceFn = std::function<long(const Vek8u** data, bool* last)>;
+
+    Result run(const SliceFn& nextSlice) {
         const int kind = options_.container == Container::Gzip ? 2 : 0;  // zlib's Adler-32 is ours
         if (veksEncodeLZ77InitAlloc_8u(options_.comprClass, kind, &state_) != StatusOk)
             return fail("cannot allocate the encoder state");
         writeHeader();
-        std::vector<Vek8u> slice(kInputSlice);
         Vek32u adler = 1;
         for (bool end = false; !end && result_.error.empty();) {
-            int filled = 0;
-            while (filled < kInputSlice) {
-                const long n = read(slice.data() + filled, kInputSlice - filled);
-                if (n < 0) return fail("read error");
-                if (n == 0) {
-                    end = true;
-                    break;
-                }
-                filled += int(n);
-            }
-            if (filled > 0 && options_.container == Container::Zlib) veksAdler32_8u(slice.data(), filled, &adler);
-            if (!encodeSlice(slice.data(), filled, end)) break;
+            const Vek8u* data = nullptr;
+            const long n = nextSlice(&data, &end);
+            if (n < 0) return fail("read error");
+            if (n > 0 && options_.container == Container::Zlib) veksAdler32_8u(data, int(n), &adler);
+            if (!encodeSlice(data, int(n), end)) break;
         }
         if (!result_.error.empty()) return result_;
         if (options_.container == Container::Gzip) {
@@ -240,25 +236,40 @@ private:
 }  // namespace
 
 Result compressStream(const Options& options, const ReadFn& read, const WriteFn& write) {
+    std::vector<Vek8u> slice(kInputSlice);
     Encoder encoder(options, write);
-    return encoder.run(read);
+    return encoder.run([&](const Vek8u** data, bool* last) {
+        int filled = 0;
+        *last = false;
+        while (filled < kInputSlice && !*last) {
+            const long n = read(slice.data() + filled, kInputSlice - filled);
+            if (n < 0) return n;
+            *last = n == 0;
+            filled += int(n);
+        }
+        *data = slice.data();
+        return long(filled);
+    });
 }
 
 std::vector<Vek8u> compressBuffer(const Vek8u* data, size_t len, const Options& options, Result* result) {
+    // Slices of the caller's buffer itself, no copy; the output grows once
+    // or twice at most.
     std::vector<Vek8u> out;
+    out.reserve(len / 2 + 1024);
     size_t taken = 0;
-    const Result r = compressStream(
-        options,
-        [&](Vek8u* buf, int room) {
-            const size_t n = std::min(len - taken, size_t(room));
-            if (n) memcpy(buf, data + taken, n);
-            taken += n;
-            return long(n);
-        },
-        [&](const Vek8u* bytes, int n) {
-            out.insert(out.end(), bytes, bytes + n);
-            return true;
-        });
+    const WriteFn write = [&](const Vek8u* bytes, int n) {
+        out.insert(out.end(), bytes, bytes + n);
+        return true;
+    };
+    Encoder encoder(options, write);
+    const Result r = encoder.run([&](const Vek8u** slice, bool* last) {
+        const size_t n = std::min(len - taken, size_t(kInputSlice));
+        *slice = data + taken;
+        taken += n;
+        *last = taken == len;
+        return long(n);
+    });
     if (result) *result = r;
     return out;
 }
