@@ -106,13 +106,7 @@ VekStatus floatc(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
 #ifdef __SSE2__
 // ---- shared integer helpers -----------------------------------------------
 
-inline __m128i select(__m128i mask, __m128i ifTrue, __m128i ifFalse) {
-#ifdef __SSE4_1__
-    return _mm_blendv_epi8(ifFalse, ifTrue, mask);
-#else
-    return _mm_or_si128(_mm_and_si128(mask, ifTrue), _mm_andnot_si128(mask, ifFalse));
-#endif
-}
+#include "signal/simd_select.h"
 
 // Saturated value of the sign of x for 16- or 32-bit lanes: max for x >= 0,
 // min for x < 0 (x is never 0 where this is used).

@@ -33,13 +33,7 @@ inline void mapBlocks(const S* src, D* dst, int len, K k) {
     }
 }
 
-inline __m128i select(__m128i mask, __m128i ifTrue, __m128i ifFalse) {
-#ifdef __SSE4_1__
-    return _mm_blendv_epi8(ifFalse, ifTrue, mask);
-#else
-    return _mm_or_si128(_mm_and_si128(mask, ifTrue), _mm_andnot_si128(mask, ifFalse));
-#endif
-}
+#include "signal/simd_select.h"
 
 // ---- shifts: two vectors per block ------------------------------------------
 
