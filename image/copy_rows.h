@@ -67,7 +67,8 @@ struct VecDeinterleave3 {
     static int run(const T*, T*, T*, T*, int) { return 0; }
 };
 // Out of place only: the first pixels of d = the last ones of s reversed,
-// in a way that needs no block of whole vectors.  kPixels 0: none.
+// in a way that needs no block of whole vectors; returns how many it wrote
+// (all of them, if it finishes the row itself).  kPixels 0: none.
 template <int S, int C>
 struct RevOverlap {
     static constexpr int kPixels = 0;

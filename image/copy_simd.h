@@ -193,6 +193,39 @@ struct ByteReverse {
         for (int k = 0; k < K; ++k) storei(static_cast<unsigned char*>(p) + 16 * k, out[k]);
     }
 };
+// Three-channel 16-bit pixels go two at a time: a pair is 12 bytes, so a
+// 16-byte load that ends where a pair ends (or starts where it starts) holds
+// it whole, and one PSHUFB puts its two pixels in reverse order in the
+// register's first 12 bytes, the last four zero.  Three registers' worth of
+// two-source shuffles would cost almost twice the PSHUFBs.
+alignas(16) constexpr signed char kPairFromEnd[16] = {10, 11, 12, 13, 14, 15, 4, 5, 6, 7, 8, 9, -128, -128, -128, -128};
+alignas(16) constexpr signed char kPairFromStart[16] = {6, 7, 8, 9, 10, 11, 0, 1, 2, 3, 4, 5, -128, -128, -128, -128};
+inline __m128i reversedPair(const unsigned char* pairEnd) {
+    return _mm_shuffle_epi8(loadi(pairEnd - 16), loadi(kPairFromEnd));
+}
+
+// Eight pixels (48 bytes) as four reversed pairs, reversed as they are
+// loaded.  Both halves touch only the block's own bytes, which the in-place
+// exchange needs: the last pair is stored as the block's last 16 bytes,
+// behind the four bytes of the third pair that its own store leaves zero.
+struct PairReverse16C3 {
+    static constexpr int kPixels = 8;
+    struct Block {
+        __m128i pair[4];
+    };
+    static Block load(const void* p) {
+        const auto* s = static_cast<const unsigned char*>(p);
+        return {{reversedPair(s + 48), reversedPair(s + 36), reversedPair(s + 24),
+                 _mm_shuffle_epi8(loadi(s), loadi(kPairFromStart))}};
+    }
+    static void storeReversed(void* p, const Block& b) {
+        auto* d = static_cast<unsigned char*>(p);
+        storei(d, b.pair[0]);
+        storei(d + 12, b.pair[1]);
+        storei(d + 24, b.pair[2]);
+        storei(d + 32, _mm_or_si128(_mm_srli_si128(b.pair[2], 8), _mm_slli_si128(b.pair[3], 4)));
+    }
+};
 template <>
 struct RevBlock<1, 1> : ByteReverse<1, 1> {};
 template <>
@@ -200,7 +233,7 @@ struct RevBlock<2, 1> : ByteReverse<2, 1> {};
 template <>
 struct RevBlock<1, 3> : ByteReverse<1, 3> {};
 template <>
-struct RevBlock<2, 3> : ByteReverse<2, 3> {};
+struct RevBlock<2, 3> : PairReverse16C3 {};
 #elif defined(__SSE2__)
 template <>
 struct RevBlock<1, 1> : WordReverse<1> {};
@@ -303,23 +336,42 @@ struct VecSwap3<Vek8u> {
     }
 };
 
-// Three-channel 16-bit mirror out of place: two pixels (12 bytes) per
-// 16-byte load, shuffle and store, the loads ending at the pixels they take.
-// The stores advance by 12 bytes; the last four bytes of each are rewritten
-// by the next store or by the scalar tail, which takes the last pixels
-// (the loop stops while at least three pixels remain).
+// Three-channel 16-bit mirror out of place, a whole row of at least three
+// pixels: reversed pairs stored 12 bytes apart, each store's four zero bytes
+// rewritten by the next, four pairs to a step; then a last whole block, or
+// single pairs while three pixels remain and the row's last 16 bytes, from
+// the first three source pixels (18 bytes, so two loads).  No load starts
+// before the row.
+alignas(16) constexpr signed char kRowEndMain[16] = {12, 13, 14, 15, 4, 5, 6, 7, 8, 9, -128, -128, 0, 1, 2, 3};
+alignas(16) constexpr signed char kRowEndFirst[16] = {-128, -128, -128, -128, -128, -128, -128, -128,
+                                                      -128, -128, 0,    1,    -128, -128, -128, -128};
 template <>
 struct RevOverlap<2, 3> {
     static constexpr int kPixels = 2;
     template <class T>
     static int run(const T* s, T* d, int n) {
-        alignas(16) static constexpr signed char control[16] = {10, 11, 12, 13, 14, 15, 4, 5, 6, 7, 8, 9, -128, -128, -128, -128};
-        const __m128i c = _mm_load_si128(reinterpret_cast<const __m128i*>(control));
-        const unsigned char* from = reinterpret_cast<const unsigned char*>(s);
-        unsigned char* to = reinterpret_cast<unsigned char*>(d);
+        if (n < 3) return 0;
+        const auto* from = reinterpret_cast<const unsigned char*>(s);
+        auto* to = reinterpret_cast<unsigned char*>(d);
+        const unsigned char* pairEnd = from + 6 * int64_t(n);
         int x = 0;
-        for (; n - x >= 3; x += 2) storei(to + 6 * x, _mm_shuffle_epi8(loadi(from + 6 * (n - x) - 16), c));
-        return x;
+        for (; n - x > 8; x += 8, pairEnd -= 48, to += 48) {
+            const __m128i p0 = reversedPair(pairEnd), p1 = reversedPair(pairEnd - 12);
+            const __m128i p2 = reversedPair(pairEnd - 24), p3 = reversedPair(pairEnd - 36);
+            storei(to, p0);
+            storei(to + 12, p1);
+            storei(to + 24, p2);
+            storei(to + 36, p3);
+        }
+        if (n - x == 8) {  // the last block: its first pair is loaded from where it starts
+            PairReverse16C3::storeReversed(to, PairReverse16C3::load(from));
+            return n;
+        }
+        for (; n - x >= 3; x += 2, pairEnd -= 12, to += 12) storei(to, reversedPair(pairEnd));
+        const __m128i end = _mm_or_si128(_mm_shuffle_epi8(loadi(from + 2), loadi(kRowEndMain)),
+                                         _mm_shuffle_epi8(loadi(from), loadi(kRowEndFirst)));
+        storei(reinterpret_cast<unsigned char*>(d) + 6 * int64_t(n) - 16, end);
+        return n;
     }
 };
 #endif
