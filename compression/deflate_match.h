@@ -4,9 +4,14 @@
 // Include INSIDE a level namespace, after <string.h>, deflate_state.h and
 // deflate_hash_tables.h outside it, and after defining in the namespace
 //   int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen);
-// which counts the leading equal bytes of the two strings, at most maxLen.
-// Everything else is the same on every level, so all levels find the same
-// pairs; a level differs only in how fast it compares.
+// which counts the leading equal bytes of the two strings, at most maxLen,
+// and
+//   int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int best);
+// which does the same when the count may exceed best (best < maxLen) and
+// may otherwise return any value up to best: a level skips the compare of
+// a candidate that cannot win where that is cheaper.  Everything else is
+// the same on every level, so all levels find the same pairs; a level
+// differs only in how fast it compares.
 //
 // Positions count input bytes on the stream-position scale: bytes below
 // the call's first position live in the history buffer, the others in the
@@ -85,28 +90,58 @@ private:
         int length = 0, distance = 0;
     };
 
-    // Walks the chain of the already linked position p, up to `limit`
-    // candidates.  A candidate is compared only when the two bytes that
-    // would make it longer than the best so far agree; ties keep the nearer.
-    Match search(int p, int maxLen, int limit) const {
+    // One chain walk: the candidates from `c` on, nearest first, up to
+    // `limit` of them; `n` looked at so far.  A longer match replaces the
+    // best, an equal one does not (the nearer wins ties).
+    struct Walk {
+        const Vek8u* cur;
+        int p, oldest, maxLen, limit, c;
+        int n, bestLen;
         Match best;
-        if (maxLen < deflate::kMinMatch) return best;
-        const Vek8u* cur = src_ + (p - base_);
-        const int oldest = oldestCandidate(p);
-        int bestLen = deflate::kMinMatch - 1;
-        int c = s_.chain[p & 0x7FFF];
-        for (int n = 0; n < limit && c >= oldest && c < p; ++n, c = s_.chain[c & 0x7FFF]) {
-            const Vek8u* cand = at(c);
-            if (cand[bestLen] != cur[bestLen] || cand[bestLen - 1] != cur[bestLen - 1]) continue;
-            const int len = matchLength(cand, cur, maxLen);
-            if (len > bestLen) {
-                bestLen = len;
-                best.length = len;
-                best.distance = p - c;
-                if (len >= maxLen) break;
-            }
+        bool live() const { return maxLen >= deflate::kMinMatch && n < limit && c >= oldest && c < p; }
+    };
+    Walk walkFrom(int p, int start, int maxLen, int limit) const {
+        return Walk{src_ + (p - base_), p, oldestCandidate(p), maxLen, limit, start, 0, deflate::kMinMatch - 1, {}};
+    }
+    // Looks at the walk's current candidate and moves on; false once the
+    // walk is over.
+    bool step(Walk& w) const {
+        const int len = lengthIfLonger(at(w.c), w.cur, w.maxLen, w.bestLen);
+        if (len > w.bestLen) {
+            w.bestLen = len;
+            w.best = {len, w.p - w.c};
+            if (len >= w.maxLen) return false;
         }
-        return best;
+        ++w.n;
+        w.c = s_.chain[w.c & 0x7FFF];
+        return w.live();
+    }
+    // The best match at the already linked position p.
+    Match search(int p, int maxLen, int limit) const {
+        Walk w = walkFrom(p, s_.chain[p & 0x7FFF], maxLen, limit);
+        for (bool on = w.live(); on;) on = step(w);
+        return w.best;
+    }
+    // The best matches at the linked position p and at q = p + 1, which is
+    // linked only after both walks: a chain walk is a run of dependent
+    // loads, and two in step overlap theirs.  Until q is linked its chain
+    // starts at its hash's head; the one slot its link writes belongs to the
+    // position 32768 below q, which the walk of p may still read as it was.
+    void searchWithNext(int p, Match& atP, Match& atQ, int limit) {
+        const int q = p + 1;
+        const int startQ = q < s_.linkedEnd ? s_.chain[q & 0x7FFF] : s_.head[tableHash(at(q))];
+        Walk a = walkFrom(p, s_.chain[p & 0x7FFF], maxLength(p, 3), limit);
+        Walk b = walkFrom(q, startQ, maxLength(q, 3), limit);
+        bool onA = a.live(), onB = b.live();
+        while (onA && onB) {
+            onA = step(a);
+            onB = step(b);
+        }
+        while (onA) onA = step(a);
+        while (onB) onB = step(b);
+        link(q);
+        atP = a.best;
+        atQ = b.best;
     }
 
     int maxLength(int p, int tail) const {
@@ -156,16 +191,21 @@ private:
     // Best: lazy, up to 512 candidates; a match waits for the next position
     // unless that one offers a longer match.  A 3-byte match farther than
     // 4096 bytes back costs more bits than three literals and is dropped.
+    // After a match the searches at the new position and the one after it
+    // go together.  (Searching one position further ahead after a literal
+    // as well costs more than it saves: that search is lost whenever the
+    // step emits a match.)
     int runLazy(int p) {
-        bool carried = false;
-        Match cur;
+        bool carried = false;  // cur is the match at p, found by the step before
+        Match cur, next;
         for (; p < end_ - 3 && pairSpace_ > 0;) {
-            if (!carried) {
+            if (carried) {
+                link(p + 1);
+                next = search(p + 1, maxLength(p + 1, 3), 512);
+            } else {
                 link(p);
-                cur = search(p, maxLength(p, 3), 512);
+                searchWithNext(p, cur, next, 512);
             }
-            link(p + 1);
-            const Match next = search(p + 1, maxLength(p + 1, 3), 512);
             const bool worthIt = cur.length > deflate::kMinMatch ||
                                  (cur.length == deflate::kMinMatch && cur.distance <= 4096);
             if (worthIt && cur.length >= next.length) {

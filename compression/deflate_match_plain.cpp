@@ -21,6 +21,12 @@ int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen) {
     return n;
 }
 
+// A candidate whose bytes at best and best - 1 differ cannot be longer.
+int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int best) {
+    if (candidate[best] != current[best] || candidate[best - 1] != current[best - 1]) return best;
+    return matchLength(candidate, current, maxLen);
+}
+
 }  // namespace
 
 #include "compression/deflate_match.h"

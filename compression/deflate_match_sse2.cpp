@@ -27,6 +27,23 @@ int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen) {
     return n;
 }
 
+// While the best so far is shorter than 16 bytes, one 16-byte compare
+// settles whether a candidate beats it: cheaper than a branch on two bytes
+// that goes either way from one candidate to the next.  Past that (long
+// runs such as zeros in binary data) the two bytes at the best length
+// decide, or most candidates would be compared far.
+int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int best) {
+    if (best < 16 && maxLen >= 16) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(candidate));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(current));
+        const unsigned differ = ~static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(a, b))) & 0xFFFF;
+        if (differ) return __builtin_ctz(differ);
+        return 16 + matchLength(candidate + 16, current + 16, maxLen - 16);
+    }
+    if (candidate[best] != current[best] || candidate[best - 1] != current[best - 1]) return best;
+    return matchLength(candidate, current, maxLen);
+}
+
 }  // namespace
 
 #include "compression/deflate_match.h"

@@ -4,6 +4,7 @@
 // and the rules at entry.
 #include <set>
 
+#include "compression/deflate_hash_tables.h"
 #include "compression/deflate_state.h"
 #include "harness.h"
 
@@ -453,6 +454,126 @@ TEST(DeflateMatch, BestClassDropsFarThreeByteMatches) {
             StateHolder other(level, greedy);
             const Encoded g = encodeOnce(level, other.get(), data);
             EXPECT_NE(std::find(g.pairs.begin(), g.pairs.end(), Vek16u(distance)), g.pairs.end());
+        }
+}
+
+// ---- the classes' rules, taken literally ---------------------------------------
+
+// A fresh stream matched in one call straight from the rules: every
+// candidate compared in full, every position linked just before its search.
+// The library's walks (compare filters, two searches in step) must find the
+// same pairs.
+std::vector<Vek16u> referencePairs(int comprClass, const std::vector<uint8_t>& d) {
+    using vek::deflate::kHashTables;
+    const int n = int(d.size());
+    std::vector<int32_t> head(32768, -32768), chain(32768, -32768);
+    std::vector<Vek16u> out;
+    const auto emit = [&](int value, int distance) {
+        out.push_back(Vek16u(value));
+        out.push_back(Vek16u(distance));
+    };
+    const auto length = [&](int c, int p, int most) {
+        int l = 0;
+        while (l < most && d[c + l] == d[p + l]) ++l;
+        return l;
+    };
+    const auto link = [&](int q) {
+        const int h = kHashTables[0][d[q]] ^ kHashTables[1][d[q + 1]] ^ kHashTables[2][d[q + 2]];
+        chain[q & 0x7FFF] = head[h];
+        head[h] = q;
+    };
+    const auto most = [&](int p, int tail) { return std::min(258, n - p - tail); };
+    struct Match {
+        int length = 0, distance = 0;
+    };
+    const auto search = [&](int p, int limit, int tail) {
+        Match best;
+        const int longest = most(p, tail);
+        if (longest < 3) return best;
+        int k = 0;
+        for (int c = chain[p & 0x7FFF]; k < limit && c >= std::max(0, p - 32767) && c < p; ++k, c = chain[c & 0x7FFF]) {
+            const int l = length(c, p, longest);
+            if (l > std::max(2, best.length)) {
+                best = {l, p - c};
+                if (l == longest) break;
+            }
+        }
+        return best;
+    };
+    int p = 0;
+    if (comprClass == 0) {
+        const auto roll = [&](int q) { return ((d[q] << 10) ^ (d[q + 1] << 5) ^ d[q + 2]) & 0x7FFF; };
+        while (p < n - 2) {
+            const int h = roll(p), c = head[h];
+            head[h] = p;
+            const int longest = most(p, 2);
+            const int l = longest >= 3 && c >= std::max(0, p - 32767) && c < p ? length(c, p, longest) : 0;
+            if (l < 3) {
+                emit(d[p++], 0);
+                continue;
+            }
+            emit(l, p - c);
+            for (int q = p + 1; q < p + l; ++q) head[roll(q)] = q;
+            p += l;
+        }
+    } else if (comprClass == 1) {
+        while (p < n - 2) {
+            link(p);
+            const Match m = search(p, 16, 2);
+            if (m.length < 3) {
+                emit(d[p++], 0);
+                continue;
+            }
+            emit(m.length, m.distance);
+            for (int q = p + 1; q < p + m.length; ++q) link(q);
+            p += m.length;
+        }
+    } else {
+        bool carried = false;
+        Match cur;
+        while (p < n - 3) {
+            if (!carried) link(p), cur = search(p, 512, 3);
+            link(p + 1);
+            const Match next = search(p + 1, 512, 3);
+            if ((cur.length > 3 || (cur.length == 3 && cur.distance <= 4096)) && cur.length >= next.length) {
+                emit(cur.length, cur.distance);
+                for (int q = p + 2; q < p + cur.length; ++q) link(q);
+                p += cur.length;
+                carried = false;
+            } else {
+                emit(d[p++], 0);
+                cur = next;
+                carried = true;
+            }
+        }
+    }
+    while (p < n) emit(d[p++], 0);
+    return out;
+}
+
+// Random bytes repeating with a period near the window (the best candidate
+// sits at or just beyond the farthest distance), with a few bytes changed
+// so that matches break and restart; and the usual text, runs and mixtures.
+TEST(DeflateMatch, ClassesFollowTheirRulesLiterally) {
+    std::vector<std::vector<uint8_t>> inputs;
+    for (int period : {32766, 32767, 32768}) {
+        std::vector<uint8_t> v = makeData(DataKind::Random, period);
+        for (int i = period; i < 3 * period / 2 + 4000; ++i) v.push_back(rng()() % 97 ? v[i - period] : uint8_t(rng()()));
+        inputs.push_back(v);
+    }
+    for (DataKind kind : {DataKind::Text, DataKind::Runs, DataKind::Mixed}) inputs.push_back(makeData(kind, 40000));
+    for (const std::vector<uint8_t>& data : inputs)
+        for (int comprClass : {0, 1, 2}) {
+            const std::vector<Vek16u> expected = referencePairs(comprClass, data);
+            for (int level : availableLevels()) {
+                Scenario sc;
+                sc.comprClass = comprClass;
+                StateHolder holder(level, sc);
+                const Encoded e = encodeOnce(level, holder.get(), data);
+                EXPECT_EQ(e.status, StatusOk);
+                ASSERT_TRUE(e.pairs == expected) << "class " << comprClass << ", level " << level << ", "
+                                                 << data.size() << " bytes";
+            }
         }
 }
 
