@@ -60,6 +60,21 @@ struct BitOutput {
         bits >>= 8 * bytes;
         count -= 8 * bytes;
     }
+    // With room for 8 bytes: all 8 of the buffer go out in one store, and
+    // the whole ones among them count as written (the rest is rewritten by
+    // the next store, or lies past the output this call reports).
+    void storeWord() {
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+        memcpy(dst, &bits, 8);
+#else
+        for (int i = 0; i < 8; ++i) dst[i] = Vek8u(bits >> (8 * i));
+#endif
+        const int whole = count >> 3;
+        dst += whole;
+        room -= whole;
+        bits >>= 8 * whole;
+        count &= 7;
+    }
 };
 
 BitOutput openOutput(Vek8u* dst, int room, const BlockCoder& c) { return {dst, room, c.bitBuffer, c.bitCount}; }
@@ -70,13 +85,15 @@ void keepOutput(const BitOutput& out, Vek8u** ppDst, int* pDstLen, BlockCoder& c
     c.bitCount = out.count;
 }
 
-bool pairValid(Vek16u value, Vek16u distance) {
-    return distance == 0 ? value <= 255 : value >= kMinMatch && value <= kMaxMatch && distance <= kWindowSize;
-}
+// No branch per pair: literals and matches alternate at random.
 bool pairsValid(const Vek16u* pairs, int count) {
-    for (int i = 0; i < count; ++i)
-        if (!pairValid(pairs[2 * i], pairs[2 * i + 1])) return false;
-    return true;
+    unsigned bad = 0;
+    for (int i = 0; i < count; ++i) {
+        const unsigned value = pairs[2 * i], distance = pairs[2 * i + 1];
+        const unsigned badMatch = (value - kMinMatch > unsigned(kMaxMatch - kMinMatch)) | (distance > kWindowSize);
+        bad |= distance == 0 ? value > 255 : badMatch;
+    }
+    return bad == 0;
 }
 // Pairs coded into an open dynamic block must have codes in it.
 bool pairsCoded(const Vek16u* pairs, int count, const BlockCoder& c) {
@@ -171,8 +188,8 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
         memset(fixedDistanceBits, 5, sizeof fixedDistanceBits);
         const Vek16u* distanceCode = fixed ? kCodeTables.fixedDistanceCode : c.distCode;
         const Vek8u* distanceBits = fixed ? fixedDistanceBits : c.distBits;
-        for (; left > 0 && out.ready(); --left, pairs += 2) {
-            const Vek16u value = pairs[0], distance = pairs[1];
+        const auto putPair = [&](const Vek16u* pair) {
+            const Vek16u value = pair[0], distance = pair[1];
             if (distance == 0) {
                 out.put(litLenCode[value], litLenBits[value]);
             } else {
@@ -182,7 +199,16 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
                 out.put(distanceCode[code] | Vek32u(distance - kDistanceBase[code]) << distanceBits[code],
                         distanceBits[code] + kDistanceExtra[code]);
             }
-        }
+        };
+        // While 8 bytes of room remain, a pair (at most 48 bits) joins at
+        // most 7 waiting bits and one word store passes the whole bytes on.
+        if (out.ready()) out.drainBytes();
+        if (out.count < 8)
+            for (; left > 0 && out.room >= 8; --left, pairs += 2) {
+                putPair(pairs);
+                out.storeWord();
+            }
+        for (; left > 0 && out.ready(); --left, pairs += 2) putPair(pairs);
         if (left == 0) c.blockPhase = kEndCode;
     }
     if (c.blockPhase == kEndCode && out.ready()) {

@@ -122,19 +122,20 @@ void buildCanonicalCodes(const Vek8u* lengths, int n, Vek16u* codes) {
 }
 
 void countSymbols(const Vek16u* pairs, int count, BlockCoder& c, Vek16u* firstSeen, int* distinct) {
-    for (int s = 0; s < kLitLenSymbols; ++s) c.litLen[s] = {Vek32u(s), 0};
-    for (int s = 0; s < kDistSymbols; ++s) c.dist[s] = {Vek32u(s), 0};
+    Vek32u litLen[kLitLenSymbols] = {}, dist[kDistSymbols + 1] = {};
     int seen = 0;
-    for (int i = 0; i < count; ++i, pairs += 2) {
-        int symbol = pairs[0];
-        if (pairs[1] != 0) {
-            symbol = kFirstLengthSymbol + lengthCodeOf(pairs[0]);
-            ++c.dist[distanceCodeOf(pairs[1])].count;
+    if (firstSeen) {
+        for (int i = 0; i < count; ++i, pairs += 2) {
+            const int symbol = pairs[1] == 0 ? pairs[0] : kFirstLengthSymbol + lengthCodeOf(pairs[0]);
+            if (litLen[symbol]++ == 0) firstSeen[seen++] = Vek16u(symbol);
+            if (pairs[1] != 0) ++dist[distanceCodeOf(pairs[1])];
         }
-        if (firstSeen && c.litLen[symbol].count == 0) firstSeen[seen++] = Vek16u(symbol);
-        ++c.litLen[symbol].count;
+    } else {
+        countPairSymbols(pairs, count, litLen, dist);
     }
-    c.litLen[kEndOfBlock].count = 1;
+    litLen[kEndOfBlock] = 1;
+    for (int s = 0; s < kLitLenSymbols; ++s) c.litLen[s] = {Vek32u(s), litLen[s]};
+    for (int s = 0; s < kDistSymbols; ++s) c.dist[s] = {Vek32u(s), dist[s]};
     if (distinct) *distinct = seen;
 }
 

@@ -81,6 +81,22 @@ inline int distanceCodeOf(int distance) {
     return d < 256 ? kCodeTables.distanceCode[d] : kCodeTables.distanceCode[256 + (d >> 7)];
 }
 
+// Counts the literal/length symbols and the distance codes of valid pairs
+// (literals and matches both), adding to litLen[286] and dist[31]: a
+// literal adds to the spare dist[30].  Selections go by masks, which
+// compilers keep free of branches: literals and matches alternate at random.
+inline void countPairSymbols(const uint16_t* pairs, int count, uint32_t* litLen, uint32_t* dist) {
+    for (int i = 0; i < count; ++i, pairs += 2) {
+        const unsigned value = pairs[0], distance = pairs[1];
+        const unsigned match = 0u - unsigned(distance != 0);
+        const unsigned lengthSymbol = kFirstLengthSymbol + kCodeTables.lengthCode[(value - 3) & 0xFF];
+        const unsigned d = (distance - 1) & 0x7FFF, far = 0u - unsigned(d >= 256);
+        const unsigned distanceCode = kCodeTables.distanceCode[d ^ ((d ^ (256 + (d >> 7))) & far)];
+        ++litLen[value ^ ((value ^ lengthSymbol) & match)];
+        ++dist[kDistanceCodes ^ ((kDistanceCodes ^ distanceCode) & match)];
+    }
+}
+
 }  // namespace vek::deflate
 
 #endif

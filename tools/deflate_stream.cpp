@@ -38,18 +38,11 @@ double entropyBits(const uint32_t* counts, int n) {
 }
 
 SizeEstimate estimate(const Vek16u* pairs, int count, size_t rawLen) {
-    uint32_t litLen[kLitLenCount] = {}, dist[kDistCount] = {};
-    uint64_t extraBits = 0;  // an integer sum: no chain of floating-point adds per match
-    for (int i = 0; i < count; ++i, pairs += 2) {
-        if (pairs[1] == 0) {
-            ++litLen[pairs[0]];
-        } else {
-            const int lc = lengthCodeOf(pairs[0]), dc = distanceCodeOf(pairs[1]);
-            ++litLen[kFirstLengthSymbol + lc];
-            ++dist[dc];
-            extraBits += kLengthExtra[lc] + kDistanceExtra[dc];
-        }
-    }
+    uint32_t litLen[kLitLenCount] = {}, dist[kDistCount + 1] = {};
+    countPairSymbols(pairs, count, litLen, dist);
+    uint64_t extraBits = 0;  // from the counts: no work per pair
+    for (int c = 0; c < kLengthCodes; ++c) extraBits += uint64_t(litLen[kFirstLengthSymbol + c]) * kLengthExtra[c];
+    for (int c = 0; c < kDistCount; ++c) extraBits += uint64_t(dist[c]) * kDistanceExtra[c];
     litLen[kEndOfBlock] = 1;
     SizeEstimate e;
     for (int s = 0; s < kLitLenCount; ++s)
