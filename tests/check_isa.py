@@ -33,6 +33,10 @@ SSE41 = {"blendpd", "blendps", "blendvpd", "blendvps", "pblendvb", "pblendw", "d
         "pmov%sx%s" % (s, t) for s in "sz" for t in ("bw", "bd", "bq", "wd", "wq", "dq")}
 BEYOND = {"pcmpgtq", "pcmpestri", "pcmpestrm", "pcmpistri", "pcmpistrm", "crc32", "popcnt", "lzcnt", "tzcnt",
           "andn", "bextr", "blsi", "blsr", "shlx", "shrx", "sarx", "rorx", "pdep", "pext", "movbe", "pclmulqdq"}
+# SSE's own conversions between a general register (or MMX) and single
+# precision: an xmm operand, but no "ps"/"ss" at the end of every form.
+SSE1_CONVERSIONS = {"cvtss2si", "cvttss2si", "cvtsi2ss", "cvtsi2ssl", "cvtsi2ssq", "cvtpi2ps", "cvtps2pi",
+                    "cvttps2pi"}
 SSE1_NO_XMM = {"ldmxcsr", "stmxcsr", "sfence", "prefetchnta", "prefetcht0", "prefetcht1", "prefetcht2"}
 SSE2_NO_XMM = {"lfence", "mfence", "clflush", "movnti"}
 
@@ -52,6 +56,8 @@ def required_level(mnemonic, operands):
         return 4
     if m in SSE3 or m.startswith("fisttp"):
         return 3
+    if m in SSE1_CONVERSIONS:
+        return 1
     if "%xmm" in operands:
         if m.startswith("cvt") and any(t in m for t in ("pd", "sd", "dq")):
             return 2
