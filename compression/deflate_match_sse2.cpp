@@ -15,14 +15,17 @@
 namespace vek::sse2 {
 namespace {
 
+// One bit per byte of the 16 from a and b that differ.
+unsigned differing16(const Vek8u* a, const Vek8u* b) {
+    const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(a));
+    const __m128i y = _mm_loadu_si128(reinterpret_cast<const __m128i*>(b));
+    return ~static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(x, y))) & 0xFFFF;
+}
+
 int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen) {
     int n = 0;
-    for (; n + 16 <= maxLen; n += 16) {
-        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(candidate + n));
-        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(current + n));
-        const unsigned differ = ~static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(a, b))) & 0xFFFF;
-        if (differ) return n + __builtin_ctz(differ);
-    }
+    for (; n + 16 <= maxLen; n += 16)
+        if (const unsigned differ = differing16(candidate + n, current + n)) return n + __builtin_ctz(differ);
     while (n < maxLen && candidate[n] == current[n]) ++n;
     return n;
 }
@@ -34,10 +37,7 @@ int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen) {
 // decide, or most candidates would be compared far.
 int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int best) {
     if (best < 16 && maxLen >= 16) {
-        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(candidate));
-        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(current));
-        const unsigned differ = ~static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(a, b))) & 0xFFFF;
-        if (differ) return __builtin_ctz(differ);
+        if (const unsigned differ = differing16(candidate, current)) return __builtin_ctz(differ);
         return 16 + matchLength(candidate + 16, current + 16, maxLen - 16);
     }
     if (candidate[best] != current[best] || candidate[best - 1] != current[best - 1]) return best;
