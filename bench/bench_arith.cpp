@@ -27,8 +27,10 @@ constexpr int kElements = 4096;
 
 template <class T>
 T randomValue(std::mt19937& rng) {
-    if constexpr (std::is_floating_point_v<T>) return std::uniform_real_distribution<T>(-1000, 1000)(rng);
-    else return static_cast<T>(std::uniform_int_distribution<int>(-32767, 32767)(rng));  // negatable
+    if constexpr (std::is_floating_point_v<T>)
+        return std::uniform_real_distribution<T>(-1000, 1000)(rng);
+    else
+        return static_cast<T>(std::uniform_int_distribution<int>(-32767, 32767)(rng));  // negatable
 }
 
 // The inputs a and b, a negated, an output d (also the in-place operand)
@@ -71,17 +73,17 @@ struct Call {
 
 // One overload per argument shape of the family; the element type comes
 // from the table's function type.
-#define VEK_SHAPE(streams, params, ...)                                                      \
-    template <class T>                                                                       \
-    Call call(VekStatus(VEK_CALL* const* table) params, int sf) {                            \
-        Buffers<T>& m = buffers<T>();                                                        \
-        auto run = [table, sf, &m](int level) {                                              \
-            m.odd = !m.odd;                                                                  \
-            [[maybe_unused]] const T* a = m.odd ? m.negA : m.a;                \
-            [[maybe_unused]] const T value = m.odd ? static_cast<T>(-m.value) : m.value;     \
-            table[level](__VA_ARGS__);                                                       \
-        };                                                                                   \
-        return {run, streams, int(sizeof(T)), !std::is_floating_point_v<T>};                 \
+#define VEK_SHAPE(streams, params, ...)                                                  \
+    template <class T>                                                                   \
+    Call call(VekStatus(VEK_CALL* const* table) params, int sf) {                        \
+        Buffers<T>& m = buffers<T>();                                                    \
+        auto run = [table, sf, &m](int level) {                                          \
+            m.odd = !m.odd;                                                              \
+            [[maybe_unused]] const T* a = m.odd ? m.negA : m.a;                          \
+            [[maybe_unused]] const T value = m.odd ? static_cast<T>(-m.value) : m.value; \
+            table[level](__VA_ARGS__);                                                   \
+        };                                                                               \
+        return {run, streams, int(sizeof(T)), !std::is_floating_point_v<T>};             \
     }
 VEK_SHAPE(3, (const T*, const T*, T*, int, int), a, m.b, m.d, kElements, sf)
 VEK_SHAPE(3, (const T*, const T*, T*, int), a, m.b, m.d, kElements)
@@ -167,6 +169,7 @@ void addArith(std::vector<BenchCase>& cases, const char* name, const Fn* table) 
 }  // namespace
 
 VEK_BENCH_FAMILY(arithmetic) {
+// clang-format off
 #define VEK_ARITH_CASE(name) addArith(cases, #name, vek::vekTable_##name);
     VEK_ARITH_CASE(veksAdd_16s_Sfs) VEK_ARITH_CASE(veksAdd_16s_ISfs) VEK_ARITH_CASE(veksSub_16s_Sfs)
     VEK_ARITH_CASE(veksSub_16s_ISfs) VEK_ARITH_CASE(veksAddC_16s_Sfs) VEK_ARITH_CASE(veksAddC_16s_ISfs)
@@ -181,7 +184,7 @@ VEK_BENCH_FAMILY(arithmetic) {
     VEK_ARITH_CASE(veksAddC_32f) VEK_ARITH_CASE(veksAddC_32f_I) VEK_ARITH_CASE(veksSubC_32f)
     VEK_ARITH_CASE(veksSubC_32f_I) VEK_ARITH_CASE(veksMulC_32f) VEK_ARITH_CASE(veksMulC_32f_I)
 #undef VEK_ARITH_CASE
+    // clang-format on
 }
-
 
 }  // namespace vekbench

@@ -56,8 +56,8 @@ const std::vector<int>& availableLevels();
 
 // VEK_BENCH_FAMILY(name) { cases.push_back(...); }  defines the function
 // that appends one family's cases.
-#define VEK_BENCH_FAMILY(family)                                                      \
-    static void vekBenchFamily_##family(std::vector<vekbench::BenchCase>& cases);   \
+#define VEK_BENCH_FAMILY(family)                                                                \
+    static void vekBenchFamily_##family(std::vector<vekbench::BenchCase>& cases);               \
     static vekbench::FamilyRegistrar vekBenchFamilyRegistrar_##family(vekBenchFamily_##family); \
     static void vekBenchFamily_##family([[maybe_unused]] std::vector<vekbench::BenchCase>& cases)
 

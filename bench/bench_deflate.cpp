@@ -69,20 +69,23 @@ CoderBench& coderBench(bool text) {
 VEK_BENCH_FAMILY(deflate) {
     for (bool text : {true, false})
         for (int cls = 0; cls <= 2; ++cls) {
-            const std::string name = std::string("deflate/") + (text ? "text" : "binary") + "/class" + std::to_string(cls);
-            cases.push_back(BenchCase{name, "veksEncodeLZ77_8u", int(kCorpusBytes), double(kCorpusBytes), [text, cls](int level) {
-                                          LevelInForce force(level);
-                                          vekdeflate::Options o;
-                                          o.comprClass = cls;
-                                          const std::vector<uint8_t>& data = corpus(text);
-                                          vekdeflate::compressBuffer(data.data(), data.size(), o);
-                                      }});
+            const std::string name =
+                std::string("deflate/") + (text ? "text" : "binary") + "/class" + std::to_string(cls);
+            cases.push_back(
+                BenchCase{name, "veksEncodeLZ77_8u", int(kCorpusBytes), double(kCorpusBytes), [text, cls](int level) {
+                              LevelInForce force(level);
+                              vekdeflate::Options o;
+                              o.comprClass = cls;
+                              const std::vector<uint8_t>& data = corpus(text);
+                              vekdeflate::compressBuffer(data.data(), data.size(), o);
+                          }});
         }
     for (bool text : {true, false})
         for (bool dynamic : {false, true}) {
             const char* exportName = dynamic ? "veksEncodeLZ77DynamicHuff_8u" : "veksEncodeLZ77FixedHuff_8u";
             cases.push_back(BenchCase{std::string(exportName) + (text ? "/text" : "/binary"), exportName, 256 << 10,
-                                      double(256 << 10), [text, dynamic](int level) { coderBench(text).run(level, dynamic); }});
+                                      double(256 << 10),
+                                      [text, dynamic](int level) { coderBench(text).run(level, dynamic); }});
         }
 }
 

@@ -36,15 +36,14 @@ void addCase(std::vector<BenchCase>& cases, int comprClass, bool runs) {
     veksEncodeLZ77InitAlloc_8u(comprClass, 1, &raw);
     state.reset(raw, [](VekDeflateState* s) { veksLZ77Free_8u(s); });
     auto pairs = std::make_shared<std::vector<Vek16u>>(2 * kBytes);
-    cases.push_back(BenchCase{
-        "veksEncodeLZ77_8u/class:" + std::to_string(comprClass) + (runs ? "/runs" : "/text"), "veksEncodeLZ77_8u",
-        kBytes, double(kBytes), [=](int level) {
-            veksEncodeLZ77Reset_8u(state.get());
-            const Vek8u* src = data->data();
-            Vek16u* out = pairs->data();
-            int len = kBytes, room = kBytes;
-            vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &room, 0, state.get());
-        }});
+    cases.push_back(BenchCase{"veksEncodeLZ77_8u/class:" + std::to_string(comprClass) + (runs ? "/runs" : "/text"),
+                              "veksEncodeLZ77_8u", kBytes, double(kBytes), [=](int level) {
+                                  veksEncodeLZ77Reset_8u(state.get());
+                                  const Vek8u* src = data->data();
+                                  Vek16u* out = pairs->data();
+                                  int len = kBytes, room = kBytes;
+                                  vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &room, 0, state.get());
+                              }});
 }
 
 }  // namespace

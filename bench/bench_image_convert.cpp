@@ -22,8 +22,8 @@
 namespace vekbench {
 namespace {
 
-constexpr int kSide = 64;         // cache-resident region: kSide x kSide samples
-constexpr int kPadBytes = 64;     // added to each row of the cache-resident images
+constexpr int kSide = 64;      // cache-resident region: kSide x kSide samples
+constexpr int kPadBytes = 64;  // added to each row of the cache-resident images
 
 // Pseudo-random samples from a cheap generator: the large images are made
 // during their first timed call.
@@ -34,9 +34,12 @@ std::vector<T> randomSamples(size_t n) {
     for (T& x : v) {
         state = state * 1664525u + 1013904223u;
         const int32_t r = static_cast<int32_t>(state >> 8);  // 24 bits
-        if constexpr (std::is_floating_point_v<T>) x = static_cast<T>(r % 27500) * 0.01f - 10.0f;  // -10..265
-        else if constexpr (sizeof(T) == 4) x = r % 140001 - 70000;
-        else x = static_cast<T>(r);
+        if constexpr (std::is_floating_point_v<T>)
+            x = static_cast<T>(r % 27500) * 0.01f - 10.0f;  // -10..265
+        else if constexpr (sizeof(T) == 4)
+            x = r % 140001 - 70000;
+        else
+            x = static_cast<T>(r);
     }
     return v;
 }
@@ -110,29 +113,29 @@ VEK_BENCH_FAMILY(image_convert) {
         const int step = kSide * 4 + kPadBytes;
         auto src = std::make_shared<std::vector<Vek32s>>(randomSamples<Vek32s>(size_t(step / 4) * kSide));
         auto dst = std::make_shared<std::vector<Vek32s>>(src->size());
-        cases.push_back({"vekiLShiftC_32s_C1R/3", "vekiLShiftC_32s_C1R", kSide * kSide, 8.0 * kSide * kSide,
-                         [=](int level) {
-                             vek::vekTable_vekiLShiftC_32s_C1R[level](src->data(), step, 3, dst->data(), step, {kSide, kSide});
-                         }});
+        cases.push_back(
+            {"vekiLShiftC_32s_C1R/3", "vekiLShiftC_32s_C1R", kSide * kSide, 8.0 * kSide * kSide, [=](int level) {
+                 vek::vekTable_vekiLShiftC_32s_C1R[level](src->data(), step, 3, dst->data(), step, {kSide, kSide});
+             }});
     }
-    cases.push_back(inPlaceCase<Vek32s>("vekiLShiftC_32s_C1IR", "vekiLShiftC_32s_C1IR/3", [](int level, Vek32s* p, int s, VekiSize r) {
-        vek::vekTable_vekiLShiftC_32s_C1IR[level](3, p, s, r);
-    }));
-    cases.push_back(inPlaceCase<Vek16s>("vekiRShiftC_16s_C1IR", "vekiRShiftC_16s_C1IR/3", [](int level, Vek16s* p, int s, VekiSize r) {
-        vek::vekTable_vekiRShiftC_16s_C1IR[level](3, p, s, r);
-    }));
-    cases.push_back(inPlaceCase<Vek32s>("vekiRShiftC_32s_C1IR", "vekiRShiftC_32s_C1IR/3", [](int level, Vek32s* p, int s, VekiSize r) {
-        vek::vekTable_vekiRShiftC_32s_C1IR[level](3, p, s, r);
-    }));
-    cases.push_back(inPlaceCase<Vek16s>("vekiMulC_16s_C1IRSfs", "vekiMulC_16s_C1IRSfs/sf:1", [](int level, Vek16s* p, int s, VekiSize r) {
-        vek::vekTable_vekiMulC_16s_C1IRSfs[level](-2, p, s, r, 1);
-    }));
-    cases.push_back(inPlaceCase<Vek32f>("vekiMulC_32f_C1IR", "vekiMulC_32f_C1IR", [](int level, Vek32f* p, int s, VekiSize r) {
-        vek::vekTable_vekiMulC_32f_C1IR[level](-1.0f, p, s, r);
-    }));
-    cases.push_back(inPlaceCase<Vek32s>("vekiComplement_32s_C1IR", "vekiComplement_32s_C1IR/12", [](int level, Vek32s* p, int s, VekiSize r) {
-        vek::vekTable_vekiComplement_32s_C1IR[level](p, s, r, 12);
-    }));
+    cases.push_back(inPlaceCase<Vek32s>(
+        "vekiLShiftC_32s_C1IR", "vekiLShiftC_32s_C1IR/3",
+        [](int level, Vek32s* p, int s, VekiSize r) { vek::vekTable_vekiLShiftC_32s_C1IR[level](3, p, s, r); }));
+    cases.push_back(inPlaceCase<Vek16s>(
+        "vekiRShiftC_16s_C1IR", "vekiRShiftC_16s_C1IR/3",
+        [](int level, Vek16s* p, int s, VekiSize r) { vek::vekTable_vekiRShiftC_16s_C1IR[level](3, p, s, r); }));
+    cases.push_back(inPlaceCase<Vek32s>(
+        "vekiRShiftC_32s_C1IR", "vekiRShiftC_32s_C1IR/3",
+        [](int level, Vek32s* p, int s, VekiSize r) { vek::vekTable_vekiRShiftC_32s_C1IR[level](3, p, s, r); }));
+    cases.push_back(inPlaceCase<Vek16s>(
+        "vekiMulC_16s_C1IRSfs", "vekiMulC_16s_C1IRSfs/sf:1",
+        [](int level, Vek16s* p, int s, VekiSize r) { vek::vekTable_vekiMulC_16s_C1IRSfs[level](-2, p, s, r, 1); }));
+    cases.push_back(inPlaceCase<Vek32f>(
+        "vekiMulC_32f_C1IR", "vekiMulC_32f_C1IR",
+        [](int level, Vek32f* p, int s, VekiSize r) { vek::vekTable_vekiMulC_32f_C1IR[level](-1.0f, p, s, r); }));
+    cases.push_back(inPlaceCase<Vek32s>(
+        "vekiComplement_32s_C1IR", "vekiComplement_32s_C1IR/12",
+        [](int level, Vek32s* p, int s, VekiSize r) { vek::vekTable_vekiComplement_32s_C1IR[level](p, s, r, 12); }));
 }
 
 }  // namespace vekbench

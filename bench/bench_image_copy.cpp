@@ -18,14 +18,19 @@ namespace {
 struct Images {
     int bytesPerRow, height;
     std::vector<unsigned char> src, dst;
-    Images(int rowBytes, int rows) : bytesPerRow(rowBytes), height(rows), src(size_t(rowBytes) * rows), dst(src.size()) {
+    Images(int rowBytes, int rows)
+        : bytesPerRow(rowBytes), height(rows), src(size_t(rowBytes) * rows), dst(src.size()) {
         std::mt19937 rng(7);
         for (unsigned char& b : src) b = static_cast<unsigned char>(rng());
     }
     template <class T>
-    T* s() { return reinterpret_cast<T*>(src.data()); }
+    T* s() {
+        return reinterpret_cast<T*>(src.data());
+    }
     template <class T>
-    T* d() { return reinterpret_cast<T*>(dst.data()); }
+    T* d() {
+        return reinterpret_cast<T*>(dst.data());
+    }
 };
 
 std::string sizeName(VekiSize roi) { return std::to_string(roi.width) + "x" + std::to_string(roi.height); }
@@ -107,8 +112,8 @@ VEK_BENCH_FAMILY(image_copy) {
     auto border = std::make_shared<Images>(4 * 80, 80);
     cases.push_back({"vekiCopyReplicateBorder_32s_C1R/64x64+8", "vekiCopyReplicateBorder_32s_C1R", 80 * 80,
                      4.0 * (64 * 64 + 80 * 80), [=](int level) {
-                         vekTable_vekiCopyReplicateBorder_32s_C1R[level](border->s<Vek32s>(), 256, tile,
-                                                                         border->d<Vek32s>(), 320, VekiSize{80, 80}, 8, 8);
+                         vekTable_vekiCopyReplicateBorder_32s_C1R[level](
+                             border->s<Vek32s>(), 256, tile, border->d<Vek32s>(), 320, VekiSize{80, 80}, 8, 8);
                      }});
 }
 

@@ -37,9 +37,13 @@ Buffers& buffers() {
     return b;
 }
 template <class T>
-T* src() { return static_cast<T*>(buffers().src); }
+T* src() {
+    return static_cast<T*>(buffers().src);
+}
 template <class T>
-T* dst() { return static_cast<T*>(buffers().dst); }
+T* dst() {
+    return static_cast<T*>(buffers().dst);
+}
 
 // 16 MiB source and destination for the large copies; the move goes 4 KiB
 // down within one block of 16 MiB + 4 KiB.
@@ -63,11 +67,11 @@ VEK_BENCH_FAMILY(vector) {
     using namespace vek;
     large();  // allocated and touched now, not in the first timed call
     const double n = kElements;
-#define VEK_SHIFT_CASE(name, T, shift)                                                                    \
-    push(cases, #name "/shift:" #shift, #name, kElements, 2 * n * sizeof(T),                             \
+#define VEK_SHIFT_CASE(name, T, shift)                                       \
+    push(cases, #name "/shift:" #shift, #name, kElements, 2 * n * sizeof(T), \
          [](int level) { vekTable_##name[level](src<T>(), shift, dst<T>(), kElements); });
-#define VEK_SHIFT_I_CASE(name, T, shift)                                                                  \
-    push(cases, #name "/shift:" #shift, #name, kElements, 2 * n * sizeof(T),                             \
+#define VEK_SHIFT_I_CASE(name, T, shift)                                     \
+    push(cases, #name "/shift:" #shift, #name, kElements, 2 * n * sizeof(T), \
          [](int level) { vekTable_##name[level](shift, dst<T>(), kElements); });
     VEK_SHIFT_CASE(veksLShiftC_16s, Vek16s, 3)
     VEK_SHIFT_I_CASE(veksLShiftC_16s_I, Vek16s, 3)

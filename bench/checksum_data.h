@@ -27,9 +27,10 @@ inline const std::vector<uint8_t>& randomBytes() {
 // literals, with the odd doubled letter.
 inline const std::vector<uint8_t>& textBytes() {
     static const std::vector<uint8_t> data = [] {
-        static const char* const words[] = {"the", "of", "and", "to", "in", "a", "is", "that", "for", "it",
-                                            "was", "with", "as", "his", "on", "be", "at", "by", "all", "been",
-                                            "little", "small", "three", "letter", "coffee", "will", "off"};
+        static const char* const words[] = {"the",   "of",    "and",    "to",     "in",   "a",    "is",
+                                            "that",  "for",   "it",     "was",    "with", "as",   "his",
+                                            "on",    "be",    "at",     "by",     "all",  "been", "little",
+                                            "small", "three", "letter", "coffee", "will", "off"};
         std::vector<uint8_t> v;
         std::mt19937 rng(11);
         while (v.size() < kChecksumBytes) {

@@ -40,8 +40,8 @@ std::vector<uint8_t> standIn(bool text) {
     std::vector<uint8_t> v;
     while (v.size() < kCorpusBytes) {
         if (text) {
-            static const char* const words[] = {"the", "of", "software", "license", "and", "to", "any", "copy",
-                                                "distribution", "without", "warranty", "you", "may", "terms"};
+            static const char* const words[] = {"the",  "of",           "software", "license",  "and", "to",  "any",
+                                                "copy", "distribution", "without",  "warranty", "you", "may", "terms"};
             const char* w = words[std::min<unsigned>(rng() % 20, 13)];
             v.insert(v.end(), w, w + strlen(w));
             v.push_back(rng() % 12 ? ' ' : '\n');
@@ -71,7 +71,8 @@ const std::vector<uint8_t>& textCorpus() {
                  std::sort(dirs.begin(), dirs.end());
                  return dirs;
              }())
-            if (v.size() < kCorpusBytes && fs::is_regular_file(dir / "copyright", ec)) append(v, dir / "copyright", 1 << 20);
+            if (v.size() < kCorpusBytes && fs::is_regular_file(dir / "copyright", ec))
+                append(v, dir / "copyright", 1 << 20);
         return v.size() == kCorpusBytes ? v : standIn(true);
     }();
     return corpus;

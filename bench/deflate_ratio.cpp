@@ -22,7 +22,8 @@ void report(const char* corpus, const std::string& who, size_t inBytes, const st
         size = run();
         best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
     }
-    std::printf("%-7s %-16s %10zu %7.3f %9.1f\n", corpus, who.c_str(), size, double(inBytes) / size, inBytes / best / 1e6);
+    std::printf("%-7s %-16s %10zu %7.3f %9.1f\n", corpus, who.c_str(), size, double(inBytes) / size,
+                inBytes / best / 1e6);
 }
 
 }  // namespace

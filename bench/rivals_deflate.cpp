@@ -41,7 +41,8 @@ struct RivalsRegistrar {
         static const int zlibLevel[3] = {1, 6, 9}, libdeflateLevel[3] = {1, 6, 9};
         for (bool text : {true, false})
             for (int cls = 0; cls < 3; ++cls) {
-                const std::string name = std::string("deflate/") + (text ? "text" : "binary") + "/class" + std::to_string(cls);
+                const std::string name =
+                    std::string("deflate/") + (text ? "text" : "binary") + "/class" + std::to_string(cls);
                 const int zl = zlibLevel[cls], ld = libdeflateLevel[cls];
                 vekbench::RivalRegistrar(name, "zlib", [text, zl] {
                     static std::vector<uint8_t> out;

@@ -11,7 +11,8 @@ namespace {
 constexpr size_t kLargeBytes = 16 << 20;
 
 struct Large {
-    std::vector<unsigned char> from = std::vector<unsigned char>(kLargeBytes, 1), to = std::vector<unsigned char>(kLargeBytes, 2);
+    std::vector<unsigned char> from = std::vector<unsigned char>(kLargeBytes, 1),
+                               to = std::vector<unsigned char>(kLargeBytes, 2);
     std::vector<unsigned char> area = std::vector<unsigned char>(kLargeBytes + 4096, 3);
 };
 Large& large() {

@@ -39,7 +39,8 @@ public:
     // Another library's implementation of the case named caseName.
     void addRival(const std::string& caseName, const std::string& rival, std::function<void()> call) {
         const auto& cases = benchCases();
-        const auto it = std::find_if(cases.begin(), cases.end(), [&](const BenchCase& c) { return c.name == caseName; });
+        const auto it =
+            std::find_if(cases.begin(), cases.end(), [&](const BenchCase& c) { return c.name == caseName; });
         if (it == cases.end()) return (void)std::fprintf(stderr, "no bench case %s\n", caseName.c_str());
         size_t column = std::find(columns_.begin(), columns_.end(), rival) - columns_.begin();
         if (column == columns_.size()) columns_.push_back(rival);
@@ -68,8 +69,10 @@ public:
             if (t.empty()) continue;  // filtered out
             std::printf("%-28s", benchCases()[row].name.c_str());
             for (size_t col = 1; col < columns_.size(); ++col) {
-                if (col < t.size() && t[0] > 0 && t[col] > 0) std::printf("  %8s", ("x" + fixed1(t[0] / t[col])).c_str());
-                else std::printf("  %8s", "-");
+                if (col < t.size() && t[0] > 0 && t[col] > 0)
+                    std::printf("  %8s", ("x" + fixed1(t[0] / t[col])).c_str());
+                else
+                    std::printf("  %8s", "-");
             }
             std::printf("\n");
         }
@@ -93,10 +96,9 @@ private:
     }
 
     std::vector<std::string> columns_;
-    std::vector<std::vector<double>> times_;                 // [row][column], 0 = not run
+    std::vector<std::vector<double>> times_;                   // [row][column], 0 = not run
     std::map<std::string, std::pair<size_t, size_t>> cellOf_;  // benchmark name -> (row, column)
 };
-
 
 // Reports as usual and hands every measured time to the table.
 class TableReporter : public benchmark::ConsoleReporter {

@@ -63,8 +63,10 @@ inline void adlerChunks(const Vek8u* p, size_t chunks, uint32_t& a, uint32_t& b)
             place2 = _mm_add_epi16(place2, _mm_unpacklo_epi8(hi, zero));
             place3 = _mm_add_epi16(place3, _mm_unpackhi_epi8(hi, zero));
         }
-        weighted = _mm_add_epi32(weighted, _mm_add_epi32(_mm_madd_epi16(place0, weights0), _mm_madd_epi16(place1, weights1)));
-        weighted = _mm_add_epi32(weighted, _mm_add_epi32(_mm_madd_epi16(place2, weights2), _mm_madd_epi16(place3, weights3)));
+        weighted =
+            _mm_add_epi32(weighted, _mm_add_epi32(_mm_madd_epi16(place0, weights0), _mm_madd_epi16(place1, weights1)));
+        weighted =
+            _mm_add_epi32(weighted, _mm_add_epi32(_mm_madd_epi16(place2, weights2), _mm_madd_epi16(place3, weights3)));
     }
 #endif
     a += horizontalSum(sumA);

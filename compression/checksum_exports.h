@@ -5,23 +5,23 @@
 #ifndef VEK_COMPRESSION_CHECKSUM_EXPORTS_H
 #define VEK_COMPRESSION_CHECKSUM_EXPORTS_H
 
-#define VEK_ADLER32_EXPORT                                                       \
+#define VEK_ADLER32_EXPORT                                                          \
     VekStatus VEK_CALL veksAdler32_8u(const Vek8u* pSrc, int len, Vek32u* pAdler) { \
-        if (!pAdler) return StatusNullPointer;                                   \
-        if (!pSrc) {                                                             \
-            *pAdler = 1; /* the start value of a fresh checksum */               \
-            return StatusOk;                                                     \
-        }                                                                        \
-        if (len > 0) *pAdler = adlerUpdate(*pAdler, pSrc, size_t(len));          \
-        return StatusOk;                                                         \
+        if (!pAdler) return StatusNullPointer;                                      \
+        if (!pSrc) {                                                                \
+            *pAdler = 1; /* the start value of a fresh checksum */                  \
+            return StatusOk;                                                        \
+        }                                                                           \
+        if (len > 0) *pAdler = adlerUpdate(*pAdler, pSrc, size_t(len));             \
+        return StatusOk;                                                            \
     }
 
-#define VEK_CRC32_EXPORT                                                         \
-    VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc) {   \
-        if (!pSrc || !pCrc) return StatusNullPointer;                            \
-        if (len < 1) return StatusSize;                                          \
-        *pCrc = ~crcUpdate(~*pCrc, pSrc, size_t(len));                           \
-        return StatusOk;                                                         \
+#define VEK_CRC32_EXPORT                                                        \
+    VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc) { \
+        if (!pSrc || !pCrc) return StatusNullPointer;                           \
+        if (len < 1) return StatusSize;                                         \
+        *pCrc = ~crcUpdate(~*pCrc, pSrc, size_t(len));                          \
+        return StatusOk;                                                        \
     }
 
 #endif

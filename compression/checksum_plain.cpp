@@ -68,8 +68,8 @@ VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc) {
         for (; reinterpret_cast<uintptr_t>(pSrc) & 7; --len) c = (c >> 8) ^ K[0][(c ^ *pSrc++) & 0xFF];
         for (; len >= 8; len -= 8, pSrc += 8) {
             const uint32_t x = c ^ load32le(pSrc), y = load32le(pSrc + 4);
-            c = K[7][x & 0xFF] ^ K[6][(x >> 8) & 0xFF] ^ K[5][(x >> 16) & 0xFF] ^ K[4][x >> 24] ^
-                K[3][y & 0xFF] ^ K[2][(y >> 8) & 0xFF] ^ K[1][(y >> 16) & 0xFF] ^ K[0][y >> 24];
+            c = K[7][x & 0xFF] ^ K[6][(x >> 8) & 0xFF] ^ K[5][(x >> 16) & 0xFF] ^ K[4][x >> 24] ^ K[3][y & 0xFF] ^
+                K[2][(y >> 8) & 0xFF] ^ K[1][(y >> 16) & 0xFF] ^ K[0][y >> 24];
         }
     }
     for (; len > 0; --len) c = (c >> 8) ^ K[0][(c ^ *pSrc++) & 0xFF];

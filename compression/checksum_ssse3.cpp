@@ -89,9 +89,12 @@ inline void crcStep(Planes& s, __m128i column, const NibbleRows& t) {
     const __m128i x = _mm_xor_si128(s.byte[0], column);
     const __m128i lo = _mm_and_si128(x, t.nibble), hi = _mm_and_si128(_mm_srli_epi16(x, 4), t.nibble);
     // The high-nibble lookup comes last: its index takes longest.
-    s.byte[0] = _mm_xor_si128(_mm_xor_si128(s.byte[1], _mm_shuffle_epi8(t.low[0], lo)), _mm_shuffle_epi8(t.high[0], hi));
-    s.byte[1] = _mm_xor_si128(_mm_xor_si128(s.byte[2], _mm_shuffle_epi8(t.low[1], lo)), _mm_shuffle_epi8(t.high[1], hi));
-    s.byte[2] = _mm_xor_si128(_mm_xor_si128(s.byte[3], _mm_shuffle_epi8(t.low[2], lo)), _mm_shuffle_epi8(t.high[2], hi));
+    s.byte[0] =
+        _mm_xor_si128(_mm_xor_si128(s.byte[1], _mm_shuffle_epi8(t.low[0], lo)), _mm_shuffle_epi8(t.high[0], hi));
+    s.byte[1] =
+        _mm_xor_si128(_mm_xor_si128(s.byte[2], _mm_shuffle_epi8(t.low[1], lo)), _mm_shuffle_epi8(t.high[1], hi));
+    s.byte[2] =
+        _mm_xor_si128(_mm_xor_si128(s.byte[3], _mm_shuffle_epi8(t.low[2], lo)), _mm_shuffle_epi8(t.high[2], hi));
     s.byte[3] = _mm_xor_si128(_mm_shuffle_epi8(t.low[3], lo), _mm_shuffle_epi8(t.high[3], hi));
 }
 
@@ -124,7 +127,8 @@ inline uint32_t crcLaneGroups(uint32_t c, const Vek8u*& p, size_t& len) {
         for (int piece = 0; piece < kPieces; ++piece) {
             const uint8_t(&b)[4][16] = planes[piece / kLanes];
             const int l = piece % kLanes;
-            const uint32_t r = uint32_t(b[0][l]) | uint32_t(b[1][l]) << 8 | uint32_t(b[2][l]) << 16 | uint32_t(b[3][l]) << 24;
+            const uint32_t r =
+                uint32_t(b[0][l]) | uint32_t(b[1][l]) << 8 | uint32_t(b[2][l]) << 16 | uint32_t(b[3][l]) << 24;
             c = (piece ? crc32::advance(crc32::kAdvance<kPieceBytes>, c) : 0) ^ r;
         }
     }

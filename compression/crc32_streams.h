@@ -25,8 +25,8 @@ inline uint32_t crcLoad32(const Vek8u* p) {
 inline uint32_t crcSlice8(uint32_t c, const Vek8u* p) {
     const auto& K = crc32::kCrc32Table;
     const uint32_t x = c ^ crcLoad32(p), y = crcLoad32(p + 4);
-    return K[7][x & 0xFF] ^ K[6][(x >> 8) & 0xFF] ^ K[5][(x >> 16) & 0xFF] ^ K[4][x >> 24] ^
-           K[3][y & 0xFF] ^ K[2][(y >> 8) & 0xFF] ^ K[1][(y >> 16) & 0xFF] ^ K[0][y >> 24];
+    return K[7][x & 0xFF] ^ K[6][(x >> 8) & 0xFF] ^ K[5][(x >> 16) & 0xFF] ^ K[4][x >> 24] ^ K[3][y & 0xFF] ^
+           K[2][(y >> 8) & 0xFF] ^ K[1][(y >> 16) & 0xFF] ^ K[0][y >> 24];
 }
 
 inline uint32_t crcByte(uint32_t c, Vek8u b) { return (c >> 8) ^ crc32::kCrc32Table[0][(c ^ b) & 0xFF]; }

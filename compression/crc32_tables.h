@@ -11,6 +11,7 @@
 
 namespace vek::crc32 {
 
+// clang-format off
 alignas(64) inline constexpr uint32_t kCrc32Table[8][256] = {
     {
         0x00000000, 0x77073096, 0xEE0E612C, 0x990951BA, 0x076DC419, 0x706AF48F,
@@ -373,6 +374,7 @@ alignas(64) inline constexpr uint32_t kCrc32Table[8][256] = {
         0xA8C40105, 0x646E019B, 0xEAE10678, 0x264B06E6,
     },
 };
+// clang-format on
 
 }  // namespace vek::crc32
 

@@ -26,7 +26,7 @@ using namespace vek::plain::deflate;
 
 constexpr int kFixedBlock = 1, kDynamicBlock = 2;
 enum Phase { kNoBlock = 0, kHeader = 1, kPairs = 2, kEndCode = 3, kClosing = 4 };
-constexpr int kStreamComplete = 3;                             // stream status after the last block
+constexpr int kStreamComplete = 3;                               // stream status after the last block
 constexpr int kNewBlock = 2, kStopped = 3, kNothingPending = 5;  // block sub-status
 
 // The bit buffer and the output as one call works on them.
@@ -98,9 +98,9 @@ bool pairsValid(const Vek16u* pairs, int count) {
 // Pairs coded into an open dynamic block must have codes in it.
 bool pairsCoded(const Vek16u* pairs, int count, const BlockCoder& c) {
     for (int i = 0; i < count; ++i, pairs += 2) {
-        if (pairs[1] == 0 ? !c.litLenBits[pairs[0]]
-                          : !c.litLenBits[kFirstLengthSymbol + lengthCodeOf(pairs[0])] ||
-                                !c.distBits[distanceCodeOf(pairs[1])])
+        if (pairs[1] == 0
+                ? !c.litLenBits[pairs[0]]
+                : !c.litLenBits[kFirstLengthSymbol + lengthCodeOf(pairs[0])] || !c.distBits[distanceCodeOf(pairs[1])])
             return false;
     }
     return true;
@@ -116,9 +116,9 @@ Item headerItem(const BlockCoder& c, int step) {
     const Vek32u head = Vek32u(c.blockFinal) | Vek32u(c.blockType) << 1;
     if (c.blockType == kFixedBlock) return {head, 3};
     if (step == 0)
-        return {head | Vek32u(c.litLenSent - 257) << 3 | Vek32u(c.distSent - 1) << 8 |
-                    Vek32u(c.codeLengthsSent - 4) << 13,
-                17};
+        return {
+            head | Vek32u(c.litLenSent - 257) << 3 | Vek32u(c.distSent - 1) << 8 | Vek32u(c.codeLengthsSent - 4) << 13,
+            17};
     if (step <= c.codeLengthsSent) return {c.codeLengthBits[kCodeLengthOrder[step - 1]], 3};
     const int k = step - 1 - c.codeLengthsSent, symbol = c.runSymbol[k];
     const int extraBits = symbol == 16 ? 2 : symbol == 17 ? 3 : symbol == 18 ? 7 : 0;
@@ -293,8 +293,8 @@ VekStatus VEK_CALL veksEncodeLZ77FixedHuff_8u(const Vek16u** ppPairs, int* pPair
     return huffmanBlock(kFixedBlock, ppPairs, pPairsLen, ppDst, pDstLen, flush, pState);
 }
 
-VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
-                                                int* pDstLen, int flush, VekDeflateState* pState) {
+VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen,
+                                                int flush, VekDeflateState* pState) {
     return huffmanBlock(kDynamicBlock, ppPairs, pPairsLen, ppDst, pDstLen, flush, pState);
 }
 
@@ -325,7 +325,8 @@ VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLe
     }
     if (c.storedState == 2) {  // LEN and NLEN, least significant byte first
         const Vek32u lenNlen = Vek32u(c.storedLength) | Vek32u(~c.storedLength & 0xFFFF) << 16;
-        for (; c.storedDone < 4 && out.room > 0; ++c.storedDone, --out.room) *out.dst++ = Vek8u(lenNlen >> (8 * c.storedDone));
+        for (; c.storedDone < 4 && out.room > 0; ++c.storedDone, --out.room)
+            *out.dst++ = Vek8u(lenNlen >> (8 * c.storedDone));
         if (c.storedDone == 4) c.storedState = 3, c.storedDone = 0;
     }
     VekStatus status = StatusDstSize;

@@ -12,6 +12,7 @@
 
 namespace vek::deflate {
 
+// clang-format off
 inline constexpr Vek16u kHashTables[3][256] = {
     {
         0x499D, 0x3DC2, 0x2D07, 0x705B, 0x65F4, 0x454F, 0x01EC, 0x749B, 0x22EA, 0x32E1, 0x2B3C, 0x0AC3,
@@ -86,6 +87,7 @@ inline constexpr Vek16u kHashTables[3][256] = {
         0x57ED, 0x0F19, 0x547A, 0x6303,
     },
 };
+// clang-format on
 
 }  // namespace vek::deflate
 

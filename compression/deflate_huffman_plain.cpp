@@ -117,8 +117,7 @@ void buildCanonicalCodes(const Vek8u* lengths, int n, Vek16u* codes) {
         code = (code + perLength[len - 1]) << 1;
         next[len] = code;
     }
-    for (int s = 0; s < n; ++s)
-        codes[s] = lengths[s] ? Vek16u(reverseBits(next[lengths[s]]++, lengths[s])) : 0;
+    for (int s = 0; s < n; ++s) codes[s] = lengths[s] ? Vek16u(reverseBits(next[lengths[s]]++, lengths[s])) : 0;
 }
 
 void countSymbols(const Vek16u* pairs, int count, BlockCoder& c, Vek16u* firstSeen, int* distinct) {

@@ -47,15 +47,24 @@ class MatchFinder {
 public:
     MatchFinder(DeflateState& s, const Vek8u* src, int base, int histFill, int end, Vek16u* pairs, int pairSpace,
                 int lowestPosition)
-        : s_(s), src_(src), base_(base), histFill_(histFill), end_(end), pairs_(pairs), pairSpace_(pairSpace),
+        : s_(s),
+          src_(src),
+          base_(base),
+          histFill_(histFill),
+          end_(end),
+          pairs_(pairs),
+          pairSpace_(pairSpace),
           lowest_(lowestPosition) {}
 
     // Matches from `base` on; returns the first position not consumed.
     int run(int comprClass) {
         int p = base_;
-        if (comprClass == deflate::kClassFast) p = runFast(p);
-        else if (comprClass == deflate::kClassBest) p = runLazy(p);
-        else p = runGreedy(p);
+        if (comprClass == deflate::kClassFast)
+            p = runFast(p);
+        else if (comprClass == deflate::kClassBest)
+            p = runLazy(p);
+        else
+            p = runGreedy(p);
         // The last bytes of the call, and whatever matching did not reach.
         for (; p < end_ && pairSpace_ > 0; ++p) emitLiteral(p);
         return p;
@@ -64,9 +73,7 @@ public:
 
 private:
     // Bytes from position q on; in the history they run on into the input.
-    const Vek8u* at(int q) const {
-        return q < base_ ? s_.history + (histFill_ - (base_ - q)) : src_ + (q - base_);
-    }
+    const Vek8u* at(int q) const { return q < base_ ? s_.history + (histFill_ - (base_ - q)) : src_ + (q - base_); }
     int oldestCandidate(int p) const { return p - kMaxDistance > lowest_ ? p - kMaxDistance : lowest_; }
 
     // Enters q into the chains once: a position looked at ahead (lazy
@@ -206,8 +213,8 @@ private:
                 link(p);
                 searchWithNext(p, cur, next, 512);
             }
-            const bool worthIt = cur.length > deflate::kMinMatch ||
-                                 (cur.length == deflate::kMinMatch && cur.distance <= 4096);
+            const bool worthIt =
+                cur.length > deflate::kMinMatch || (cur.length == deflate::kMinMatch && cur.distance <= 4096);
             if (worthIt && cur.length >= next.length) {
                 emit(cur.length, cur.distance);
                 for (int q = p + 2; q < p + cur.length; ++q) link(q);
@@ -293,13 +300,15 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
     MatchFinder finder(s, src, base, histFill, base + srcLen, *ppPairs, pairSpace, lowest);
     const int consumed = finder.run(s.comprClass) - base;
 
-    if (cut) cutHistory(s);
+    if (cut)
+        cutHistory(s);
     else {
         keepHistory(s, src, consumed);
         s.streamPos = base + consumed;
     }
     VekStatus status = StatusOk;
-    if (consumed > 0 && s.checksumKind == deflate::kChecksumAdler32) status = ::veksAdler32_8u(src, consumed, &s.checksum);
+    if (consumed > 0 && s.checksumKind == deflate::kChecksumAdler32)
+        status = ::veksAdler32_8u(src, consumed, &s.checksum);
     if (consumed > 0 && s.checksumKind == deflate::kChecksumCrc32) status = ::veksCRC32_8u(src, consumed, &s.checksum);
     s.lastFlush = flush;
     if (s.streamStatus == 0) s.streamStatus = 1;  // the stream has begun: no dictionary any more

@@ -73,8 +73,8 @@ VekStatus VEK_CALL veksEncodeLZ77Init_8u(int comprClass, int checksumKind, VekDe
     for (int32_t& c : s.chain) c = deflate::kNoPosition;
     restart(s);
     s.checksumKind = checksumKind;
-    s.comprClass = comprClass == deflate::kClassFast || comprClass == deflate::kClassBest ? comprClass
-                                                                                          : deflate::kClassDefault;
+    s.comprClass =
+        comprClass == deflate::kClassFast || comprClass == deflate::kClassBest ? comprClass : deflate::kClassDefault;
     return StatusOk;
 }
 
@@ -112,8 +112,10 @@ VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLe
     s.streamPos = count;
     clearHeads(s);
     for (int i = 0; i + 2 < count; ++i) {
-        if (s.comprClass == deflate::kClassFast) s.head[rollingHash(s.history + i)] = i;
-        else linkPosition(s, i, s.history + i);
+        if (s.comprClass == deflate::kClassFast)
+            s.head[rollingHash(s.history + i)] = i;
+        else
+            linkPosition(s, i, s.history + i);
     }
     s.linkedEnd = count - 2;
     return StatusOk;

@@ -16,13 +16,13 @@
 
 namespace vek::deflate {
 
-constexpr int kWindowSize = 32768;        // farthest match distance + 1
-constexpr int kHistorySize = 65536;       // history buffer bytes
-constexpr int kHistoryLimit = 65278;      // fill beyond which the newest window moves to the front
+constexpr int kWindowSize = 32768;    // farthest match distance + 1
+constexpr int kHistorySize = 65536;   // history buffer bytes
+constexpr int kHistoryLimit = 65278;  // fill beyond which the newest window moves to the front
 constexpr int kMinMatch = 3, kMaxMatch = 258;
-constexpr int kHashSize = 32768;          // head entries (15-bit hash)
-constexpr int kPairCapacity = 65280;      // pairs the state holds
-constexpr int32_t kNoPosition = -32768;   // empty head or chain entry
+constexpr int kHashSize = 32768;         // head entries (15-bit hash)
+constexpr int kPairCapacity = 65280;     // pairs the state holds
+constexpr int32_t kNoPosition = -32768;  // empty head or chain entry
 constexpr int kLitLenSymbols = 286, kDistSymbols = 30;
 
 // Checksum kinds (the second argument of initialisation).
@@ -51,7 +51,7 @@ struct SymbolCount {
 // the open block has got (its header step, or the stored block's
 // sub-state and byte count) and the codes of the open dynamic block.
 struct BlockCoder {
-    Vek64u bitBuffer = 0;   // pending bits, least significant first (up to 63)
+    Vek64u bitBuffer = 0;  // pending bits, least significant first (up to 63)
     int bitCount = 0;
     int subStatus = 0;      // 2: a new block may be decided; 3: stopped on a full output; 5: nothing pending
     int storedState = 0;    // 0..3: how far the stored block's header has gone
@@ -82,26 +82,26 @@ struct BlockCoder {
 };
 
 struct DeflateState {
-    int outWords[3] = {};         // output position and remaining length of the block coder and flush
-    Vek32u checksum = 0;          // running checksum of the input, from 0 for both kinds
-    int checksumKind = 0;         // 1 Adler-32, 2 CRC-32, other: none
+    int outWords[3] = {};  // output position and remaining length of the block coder and flush
+    Vek32u checksum = 0;   // running checksum of the input, from 0 for both kinds
+    int checksumKind = 0;  // 1 Adler-32, 2 CRC-32, other: none
     int comprClass = kClassDefault;
-    int streamPos = 0;            // input bytes taken since init, reset or the last history cut
+    int streamPos = 0;  // input bytes taken since init, reset or the last history cut
     BlockCoder coder;
 
-    Vek8u* historyStart = nullptr;  // == history
-    Vek8u* historyPos = nullptr;    // end of the bytes held (the history fill)
+    Vek8u* historyStart = nullptr;              // == history
+    Vek8u* historyPos = nullptr;                // end of the bytes held (the history fill)
     const Vek16u (*hashTables)[256] = nullptr;  // H0, H1, H2
-    int32_t chain[kWindowSize];     // previous position with the same hash, by position & 0x7FFF
-    int32_t head[kHashSize];        // latest position with a hash
+    int32_t chain[kWindowSize];                 // previous position with the same hash, by position & 0x7FFF
+    int32_t head[kHashSize];                    // latest position with a hash
 
-    Pair* pairs = nullptr;          // the pair list: where it starts, how many it holds,
-    int pairCount = 0;              // and room for how many
+    Pair* pairs = nullptr;  // the pair list: where it starts, how many it holds,
+    int pairCount = 0;      // and room for how many
     int pairCapacity = kPairCapacity;
 
-    int streamStatus = 0;           // read and written by Get/SetStatus and the coders
-    int lastFlush = 0;              // flush mode of the previous encoding call
-    int linkedEnd = 0;              // positions below it are already in the hash tables
+    int streamStatus = 0;  // read and written by Get/SetStatus and the coders
+    int lastFlush = 0;     // flush mode of the previous encoding call
+    int linkedEnd = 0;     // positions below it are already in the hash tables
 
     Vek8u history[kHistorySize];
     Pair pairStorage[kPairCapacity];

@@ -19,19 +19,19 @@ constexpr uint16_t kLengthBase[kLengthCodes] = {3,  4,  5,  6,  7,  8,  9,  10, 
                                                 31, 35, 43, 51, 59, 67, 83, 99, 115, 131, 163, 195, 227, 258};
 constexpr uint8_t kLengthExtra[kLengthCodes] = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2,
                                                 2, 3, 3, 3, 3, 4, 4, 4, 4, 5, 5, 5, 5, 0};
-constexpr uint16_t kDistanceBase[kDistanceCodes] = {1,    2,    3,    4,    5,    7,     9,     13,    17,  25,
-                                                    33,   49,   65,   97,   129,  193,   257,   385,   513, 769,
+constexpr uint16_t kDistanceBase[kDistanceCodes] = {1,    2,    3,    4,    5,    7,    9,    13,    17,    25,
+                                                    33,   49,   65,   97,   129,  193,  257,  385,   513,   769,
                                                     1025, 1537, 2049, 3073, 4097, 6145, 8193, 12289, 16385, 24577};
 constexpr uint8_t kDistanceExtra[kDistanceCodes] = {0, 0, 0, 0, 1, 1, 2, 2,  3,  3,  4,  4,  5,  5,  6,
                                                     6, 7, 7, 8, 8, 9, 9, 10, 10, 11, 11, 12, 12, 13, 13};
 
 // The order in which the code-length code's lengths are sent.
 constexpr uint8_t kCodeLengthOrder[kCodeLengthSymbols] = {16, 17, 18, 0, 8,  7, 9,  6, 10, 5,
-                                                           11, 4,  12, 3, 13, 2, 14, 1, 15};
+                                                          11, 4,  12, 3, 13, 2, 14, 1, 15};
 
 struct CodeTables {
-    uint8_t lengthCode[256];    // by match length - 3
-    uint8_t distanceCode[512];  // by distance - 1 below 256, else 256 + ((distance - 1) >> 7)
+    uint8_t lengthCode[256];        // by match length - 3
+    uint8_t distanceCode[512];      // by distance - 1 below 256, else 256 + ((distance - 1) >> 7)
     uint16_t fixedLitLenCode[288];  // fixed codes, bit-reversed for least-significant-first output
     uint8_t fixedLitLenBits[288];
     uint16_t fixedDistanceCode[kDistanceCodes];
@@ -63,9 +63,12 @@ constexpr CodeTables makeCodeTables() {
     for (int s = 0; s < 288; ++s) {
         int bits = 8;
         uint32_t code = 0x30 + s;
-        if (s >= 144 && s < 256) bits = 9, code = 0x190 + (s - 144);
-        else if (s >= 256 && s < 280) bits = 7, code = s - 256;
-        else if (s >= 280) code = 0xC0 + (s - 280);
+        if (s >= 144 && s < 256)
+            bits = 9, code = 0x190 + (s - 144);
+        else if (s >= 256 && s < 280)
+            bits = 7, code = s - 256;
+        else if (s >= 280)
+            code = 0xC0 + (s - 280);
         t.fixedLitLenCode[s] = static_cast<uint16_t>(reverseBits(code, bits));
         t.fixedLitLenBits[s] = static_cast<uint8_t>(bits);
     }

@@ -97,12 +97,12 @@ VekStatus rleDecode(const Vek8u** ppSrc, int* pSrcLen, Vek8u* dst, int* pDstLen)
 
 }  // namespace
 
-#define VEK_RLE_EXPORTS(Scan)                                                                          \
+#define VEK_RLE_EXPORTS(Scan)                                                                           \
     VekStatus VEK_CALL veksEncodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen) { \
-        return rleEncode<Scan>(ppSrc, pSrcLen, pDst, pDstLen);                                         \
-    }                                                                                                  \
+        return rleEncode<Scan>(ppSrc, pSrcLen, pDst, pDstLen);                                          \
+    }                                                                                                   \
     VekStatus VEK_CALL veksDecodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen) { \
-        return rleDecode<Scan>(ppSrc, pSrcLen, pDst, pDstLen);                                         \
+        return rleDecode<Scan>(ppSrc, pSrcLen, pDst, pDstLen);                                          \
     }
 
 #endif

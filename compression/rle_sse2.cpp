@@ -47,7 +47,8 @@ struct VectorScan {
         const __m128i run = _mm_set1_epi8(static_cast<char>(b));
         int k = 0;
         for (; k + 16 <= n; k += 16) store16(dst + k, run);
-        if (k < n && n >= 16) store16(dst + n - 16, run);  // the rest, overlapping bytes already b
+        if (k < n && n >= 16)
+            store16(dst + n - 16, run);  // the rest, overlapping bytes already b
         else
             for (; k < n; ++k) dst[k] = b;
     }

@@ -30,9 +30,9 @@ uint32_t fallbackType(bool sse42, bool sse41, bool ssse3, bool sse3, bool sse2, 
 
 bool isOwnVendor(const CpuidLeaf& leaf0) {
     // "GenuineOrvan" as the three registers hold it: EBX, EDX, ECX.
-    return leaf0.ebx == 0x756e6547u     // "Genu"
-           && leaf0.edx == 0x4f656e69u  // "ineO"
-           && leaf0.ecx == 0x6e617672u; // "rvan"
+    return leaf0.ebx == 0x756e6547u      // "Genu"
+           && leaf0.edx == 0x4f656e69u   // "ineO"
+           && leaf0.ecx == 0x6e617672u;  // "rvan"
 }
 
 uint32_t classifyCpu(const CpuidRecord& cpu) {
@@ -67,9 +67,15 @@ uint32_t classifyCpu(const CpuidRecord& cpu) {
     case 6:
         switch (model) {
         case 1: return 3;
-        case 3: case 5: case 6: return 4;
-        case 7: case 8: case 10: case 11: return 5;
-        case 9: case 13: return 9;
+        case 3:
+        case 5:
+        case 6: return 4;
+        case 7:
+        case 8:
+        case 10:
+        case 11: return 5;
+        case 9:
+        case 13: return 9;
         case 14: return cores > 1 ? 11 : 10;
         case 15: return cores > 2 ? 34 : 33;
         case 23: return 68;
@@ -80,18 +86,33 @@ uint32_t classifyCpu(const CpuidRecord& cpu) {
     case 15:
         if (sse3) return x64 ? 32 : 8;
         return multiThread ? 7 : 6;
-    default:
-        return fallback;
+    default: return fallback;
     }
 }
 
 int levelForCpuType(uint32_t cpuType) {
     switch (cpuType) {
-    case 5: case 16: case 17: case 64: return 1;
-    case 6: case 7: case 9: case 65: return 2;
-    case 8: case 10: case 11: case 32: case 66: return 3;
-    case 33: case 34: case 36: case 67: return 4;
-    case 35: case 37: case 68: case 69: return 5;
+    case 5:
+    case 16:
+    case 17:
+    case 64: return 1;
+    case 6:
+    case 7:
+    case 9:
+    case 65: return 2;
+    case 8:
+    case 10:
+    case 11:
+    case 32:
+    case 66: return 3;
+    case 33:
+    case 34:
+    case 36:
+    case 67: return 4;
+    case 35:
+    case 37:
+    case 68:
+    case 69: return 5;
     default: return 0;
     }
 }

@@ -16,12 +16,12 @@ struct CpuidLeaf {
 // processor does not have (or that the classification does not reach) are
 // left zero.
 struct CpuidRecord {
-    bool hasCpuid;     // the EFLAGS ID bit can be toggled
-    CpuidLeaf leaf0;   // highest basic leaf, vendor string
-    CpuidLeaf leaf1;   // family/model, feature flags
-    CpuidLeaf leaf4;   // sub-leaf 0: cores per package
-    CpuidLeaf ext0;    // 0x80000000: highest extended leaf
-    CpuidLeaf ext1;    // 0x80000001: 64-bit extensions flag
+    bool hasCpuid;    // the EFLAGS ID bit can be toggled
+    CpuidLeaf leaf0;  // highest basic leaf, vendor string
+    CpuidLeaf leaf1;  // family/model, feature flags
+    CpuidLeaf leaf4;  // sub-leaf 0: cores per package
+    CpuidLeaf ext0;   // 0x80000000: highest extended leaf
+    CpuidLeaf ext1;   // 0x80000001: 64-bit extensions flag
 };
 
 // The processor type code (see `vek info` and cpu.cpp for the table).

@@ -20,11 +20,15 @@ const char* levelIsaName(int level);
 
 // Declarations of every export's implementation in every level namespace.
 // A namespace defines only the implementations the list assigns to it.
-#define VEK_DECLARE_IN(ns, name, ret, params) namespace ns { ret VEK_CALL name params; }
-#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, ret, params) \
-    VEK_DECLARE_IN(plain, name, ret, params) VEK_DECLARE_IN(sse, name, ret, params)   \
-    VEK_DECLARE_IN(sse2, name, ret, params)  VEK_DECLARE_IN(sse3, name, ret, params)  \
-    VEK_DECLARE_IN(ssse3, name, ret, params) VEK_DECLARE_IN(sse41, name, ret, params)
+#define VEK_DECLARE_IN(ns, name, ret, params) \
+    namespace ns {                            \
+    ret VEK_CALL name params;                 \
+    }
+#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, ret, params)                            \
+    VEK_DECLARE_IN(plain, name, ret, params)                                             \
+    VEK_DECLARE_IN(sse, name, ret, params) VEK_DECLARE_IN(sse2, name, ret, params)       \
+        VEK_DECLARE_IN(sse3, name, ret, params) VEK_DECLARE_IN(ssse3, name, ret, params) \
+            VEK_DECLARE_IN(sse41, name, ret, params)
 #include "export_list.h"
 #undef VEK_EXPORT
 #undef VEK_DECLARE_IN

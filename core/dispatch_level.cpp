@@ -8,7 +8,7 @@
 #include "dispatch.h"
 
 #if defined(_WIN32) && defined(VEK_DLL)
-#include <windows.h>
+#    include <windows.h>
 #endif
 
 namespace vek {

@@ -4,13 +4,13 @@
 
 namespace vek {
 
-#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, ret, params)            \
-    extern "C" const fn::name vekTable_##name[kLevelCount] = {            \
-        &l0::name, &l1::name, &l2::name, &l3::name, &l4::name, &l5::name};
+#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, ret, params)                                  \
+    extern "C" const fn::name vekTable_##name[kLevelCount] = {&l0::name, &l1::name, &l2::name, \
+                                                              &l3::name, &l4::name, &l5::name};
 #include "export_list.h"
 #undef VEK_EXPORT
 
-#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, ret, params)                          \
+#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, ret, params) \
     {#name, reinterpret_cast<const void* const*>(vekTable_##name), {#l0, #l1, #l2, #l3, #l4, #l5}},
 const ExportInfo kExports[] = {
 #include "export_list.h"

@@ -12,22 +12,24 @@
 #include "dispatch.h"
 
 #if defined(__x86_64__)
-#define VEK_ENTRY_ASM(table)                                \
-    "movslq vek_DispatchLevel(%rip), %rax\n\t"              \
-    "leaq " table "(%rip), %r11\n\t"                        \
-    "jmpq *(%r11,%rax,8)\n\t"
+#    define VEK_ENTRY_ASM(table)                   \
+        "movslq vek_DispatchLevel(%rip), %rax\n\t" \
+        "leaq " table                              \
+        "(%rip), %r11\n\t"                         \
+        "jmpq *(%r11,%rax,8)\n\t"
 #elif defined(__i386__)
-#define VEK_ENTRY_ASM(table)                                \
-    "movl vek_DispatchLevel, %eax\n\t"                      \
-    "jmp *" table "(,%eax,4)\n\t"
+#    define VEK_ENTRY_ASM(table)           \
+        "movl vek_DispatchLevel, %eax\n\t" \
+        "jmp *" table "(,%eax,4)\n\t"
 #else
-#error "the entry stubs are written for x86 and x86-64"
+#    error "the entry stubs are written for x86 and x86-64"
 #endif
 
 #pragma GCC diagnostic ignored "-Wunused-parameter"
 
-#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, ret, params)                           \
-    extern "C" VEK_API __attribute__((naked, section(".text.vek_entry"))) ret VEK_CALL \
-    name params { asm(VEK_ENTRY_ASM("vekTable_" #name)); }
+#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, ret, params)                                        \
+    extern "C" VEK_API __attribute__((naked, section(".text.vek_entry"))) ret VEK_CALL name params { \
+        asm(VEK_ENTRY_ASM("vekTable_" #name));                                                       \
+    }
 #include "export_list.h"
 #undef VEK_EXPORT

@@ -17,6 +17,8 @@
 //
 // Keep one export per line: tests/check_entry_stubs.sh reads the names.
 
+// clang-format off
+
 // ---- services whose levels share one implementation ----------------------
 VEK_EXPORT(veksMalloc_8u,     plain, plain, plain, plain, plain, plain, Vek8u*,  (int length))
 VEK_EXPORT(veksFree,          plain, plain, plain, plain, plain, plain, void,    (void* ptr))
@@ -221,4 +223,4 @@ VEK_EXPORT(veksEncodeLZ77FixedHuff_8u,      plain, plain, plain, plain, plain, p
 VEK_EXPORT(veksEncodeLZ77DynamicHuff_8u,    plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77StoredBlock_8u,    plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, plain, VekStatus, (Vek8u** ppDst, int* pDstLen, VekDeflateState* pState))
-
+// clang-format on

@@ -65,9 +65,10 @@ Vek8u* VEK_CALL veksMalloc_8u(int length) { return static_cast<Vek8u*>(vekMalloc
 void VEK_CALL veksFree(void* ptr) { alignedFree(ptr); }
 void VEK_CALL vekiFree(void* ptr) { alignedFree(ptr); }
 
-#define VEK_IMAGE_ALLOC(name, type, bytesPerPixel)                             \
-    type* VEK_CALL name(int widthPixels, int heightPixels, int* pStepBytes) { \
-        return static_cast<type*>(imageAlloc(widthPixels, heightPixels, bytesPerPixel, pStepBytes)); }
+#define VEK_IMAGE_ALLOC(name, type, bytesPerPixel)                                                   \
+    type* VEK_CALL name(int widthPixels, int heightPixels, int* pStepBytes) {                        \
+        return static_cast<type*>(imageAlloc(widthPixels, heightPixels, bytesPerPixel, pStepBytes)); \
+    }
 VEK_IMAGE_ALLOC(vekiMalloc_8u_C1, Vek8u, 1)
 VEK_IMAGE_ALLOC(vekiMalloc_8u_C3, Vek8u, 3)
 VEK_IMAGE_ALLOC(vekiMalloc_16s_C1, Vek16s, 2)

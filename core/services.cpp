@@ -3,9 +3,9 @@
 // SSE instructions here run only after CPUID says the unit is present, so
 // this file is built with the plain flags like the rest of core/.
 #if defined(_WIN32)
-#include <windows.h>
+#    include <windows.h>
 #else
-#include <time.h>
+#    include <time.h>
 #endif
 
 #include "cpu.h"

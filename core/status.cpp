@@ -262,8 +262,10 @@ extern "C" VEK_API const char* VEK_CALL vekGetStatusString(VekStatus status) {
     while (lo <= hi) {
         const int mid = (lo + hi) / 2;
         if (kMessages[mid].code == status) return kMessages[mid].text;
-        if (kMessages[mid].code < status) lo = mid + 1;
-        else hi = mid - 1;
+        if (kMessages[mid].code < status)
+            lo = mid + 1;
+        else
+            hi = mid - 1;
     }
     return "Unknown Status Code";
 }

@@ -4,19 +4,21 @@
 #include "dispatch.h"
 
 #ifndef VEK_VERSION_MAJOR
-#error "VEK_VERSION_MAJOR/MINOR/PATCH come from the build"
+#    error "VEK_VERSION_MAJOR/MINOR/PATCH come from the build"
 #endif
-#define VEK_STR2(x) #x
-#define VEK_STR(x) VEK_STR2(x)
+#define VEK_STR2(x)        #x
+#define VEK_STR(x)         VEK_STR2(x)
 #define VEK_VERSION_STRING VEK_STR(VEK_VERSION_MAJOR) "." VEK_STR(VEK_VERSION_MINOR) "." VEK_STR(VEK_VERSION_PATCH)
 
 namespace {
 
 #define VEK_RECORD(domain, level, isa) \
-    {VEK_VERSION_MAJOR, VEK_VERSION_MINOR, VEK_VERSION_PATCH, level, domain, VEK_VERSION_STRING, isa, __DATE__}
-#define VEK_RECORDS(domain)                                                           \
-    {VEK_RECORD(domain, 0, "plain"), VEK_RECORD(domain, 1, "SSE"), VEK_RECORD(domain, 2, "SSE2"), \
-     VEK_RECORD(domain, 3, "SSE3"), VEK_RECORD(domain, 4, "SSSE3"), VEK_RECORD(domain, 5, "SSE4.1")}
+    { VEK_VERSION_MAJOR, VEK_VERSION_MINOR, VEK_VERSION_PATCH, level, domain, VEK_VERSION_STRING, isa, __DATE__ }
+#define VEK_RECORDS(domain)                                                                                \
+    {                                                                                                      \
+        VEK_RECORD(domain, 0, "plain"), VEK_RECORD(domain, 1, "SSE"), VEK_RECORD(domain, 2, "SSE2"),       \
+            VEK_RECORD(domain, 3, "SSE3"), VEK_RECORD(domain, 4, "SSSE3"), VEK_RECORD(domain, 5, "SSE4.1") \
+    }
 
 const VekLibraryVersion kSignal[vek::kLevelCount] = VEK_RECORDS("vek signal");
 const VekLibraryVersion kImage[vek::kLevelCount] = VEK_RECORDS("vek image");

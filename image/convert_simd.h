@@ -151,7 +151,7 @@ inline void convertBlock(const S* s, D* d) {
         store32(d, widenLo16<S>(x));
         store32(d + 4, widenHi16<S>(x));
     } else if constexpr (sizeof(D) == 1) {  // to 8u: packus saturates signed 16-bit lanes
-        __m128i lo, hi;  // samples 0..7 and 8..15 as signed 16-bit lanes
+        __m128i lo, hi;                     // samples 0..7 and 8..15 as signed 16-bit lanes
         if constexpr (std::is_same_v<S, Vek16s>) {
             lo = load128(s), hi = load128(s + 8);
         } else if constexpr (std::is_same_v<S, Vek16u>) {

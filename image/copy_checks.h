@@ -30,8 +30,7 @@ inline bool channelOrderValid(const int order[3]) {
 inline VekStatus checkBorder(VekiSize srcRoi, VekiSize dstRoi, int top, int left) {
     if (roiEmpty(srcRoi) || roiEmpty(dstRoi)) return StatusSize;
     if (top < 0 || left < 0) return StatusSize;
-    if (int64_t(srcRoi.width) + left > dstRoi.width || int64_t(srcRoi.height) + top > dstRoi.height)
-        return StatusSize;
+    if (int64_t(srcRoi.width) + left > dstRoi.width || int64_t(srcRoi.height) + top > dstRoi.height) return StatusSize;
     return StatusOk;
 }
 

@@ -32,7 +32,9 @@ using vek::image::sampleBytes;
 template <int S>
 struct VecFill {
     template <class T>
-    static int run(T*, int, T) { return 0; }
+    static int run(T*, int, T) {
+        return 0;
+    }
 };
 // Every third byte of 3n - 2 bytes from d.
 template <class T>
@@ -58,13 +60,17 @@ struct VecSwap3 {
 template <int S>
 struct VecInterleave3 {
     template <class T>
-    static int run(const T*, const T*, const T*, T*, int, bool) { return 0; }
+    static int run(const T*, const T*, const T*, T*, int, bool) {
+        return 0;
+    }
 };
 // One three-channel row into three planes.
 template <int S>
 struct VecDeinterleave3 {
     template <class T>
-    static int run(const T*, T*, T*, T*, int) { return 0; }
+    static int run(const T*, T*, T*, T*, int) {
+        return 0;
+    }
 };
 // Out of place only: the first pixels of d = the last ones of s reversed,
 // in a way that needs no block of whole vectors; returns how many it wrote
@@ -73,7 +79,9 @@ template <int S, int C>
 struct RevOverlap {
     static constexpr int kPixels = 0;
     template <class T>
-    static int run(const T*, T*, int) { return 0; }
+    static int run(const T*, T*, int) {
+        return 0;
+    }
 };
 // A block of kPixels pixels of C channels of S-byte samples, loaded and
 // stored back with its pixels in reverse order.  kPixels 0: no vector code.
@@ -222,8 +230,10 @@ VekStatus setImage(T v, T* d, int ds, VekiSize roi) {
     if (!d) return StatusNullPointer;
     if (roiEmpty(roi)) return StatusSize;
     for (int y = 0; y < roi.height; ++y) {
-        if constexpr (sizeof(T) == 1) memset(rowAt(d, ds, y), v, static_cast<size_t>(roi.width));
-        else fillRow(rowAt(d, ds, y), roi.width, v);
+        if constexpr (sizeof(T) == 1)
+            memset(rowAt(d, ds, y), v, static_cast<size_t>(roi.width));
+        else
+            fillRow(rowAt(d, ds, y), roi.width, v);
     }
     return StatusOk;
 }
@@ -272,8 +282,10 @@ VekStatus mirrorImage(const T* s, int ss, T* d, int ds, VekiSize roi, int flip) 
     if (const VekStatus st = checkMirror(roi, flip)) return st;
     for (int y = 0; y < roi.height; ++y) {
         T* to = rowAt(d, ds, flip == 1 ? y : roi.height - 1 - y);
-        if (flip == 0) memcpy(to, rowAt(s, ss, y), sampleBytes<T>(int64_t(roi.width) * C));
-        else reverseRow<T, C>(rowAt(s, ss, y), to, roi.width);
+        if (flip == 0)
+            memcpy(to, rowAt(s, ss, y), sampleBytes<T>(int64_t(roi.width) * C));
+        else
+            reverseRow<T, C>(rowAt(s, ss, y), to, roi.width);
     }
     return StatusOk;
 }

@@ -38,9 +38,7 @@ inline void put(void* p, __m128i v, std::true_type) { _mm_stream_si128(static_ca
 template <int PixelElements, int ElementsPerRegister, int K>
 struct ReversePixels {
     static constexpr int kPixels = ElementsPerRegister * K / PixelElements;
-    static constexpr int src(int q) {
-        return PixelElements * (kPixels - 1 - q / PixelElements) + q % PixelElements;
-    }
+    static constexpr int src(int q) { return PixelElements * (kPixels - 1 - q / PixelElements) + q % PixelElements; }
 };
 // Three planes (one register each, N samples of `Bytes` bytes) into three
 // registers of interleaved samples; counted in bytes.
@@ -251,8 +249,10 @@ struct WideFill {
         constexpr int W = 16 / S;
         if (n < W) return 0;
         __m128i x;
-        if constexpr (S == 2) x = _mm_set1_epi16(static_cast<short>(v));
-        else x = _mm_set1_epi32(static_cast<int>(v));
+        if constexpr (S == 2)
+            x = _mm_set1_epi16(static_cast<short>(v));
+        else
+            x = _mm_set1_epi32(static_cast<int>(v));
         for (int i = 0; i + W <= n; i += W) storei(d + i, x);
         storei(d + n - W, x);
         return n;

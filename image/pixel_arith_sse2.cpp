@@ -36,7 +36,8 @@ void mapRow(const T* s, T* d, size_t n, K k) {
     if (i < n) {
         T block[W] = {};
         memcpy(block, s + i, (n - i) * sizeof(T));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(block), k(_mm_loadu_si128(reinterpret_cast<const __m128i*>(block))));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(block),
+                         k(_mm_loadu_si128(reinterpret_cast<const __m128i*>(block))));
         memcpy(d + i, block, (n - i) * sizeof(T));
     }
 }
@@ -58,7 +59,8 @@ void shiftRightRow(Vek32s* p, size_t n, Vek32u count) {
 
 void signExtendRow(Vek32s* p, size_t n, int bitSize) {
     const __m128i unused = _mm_cvtsi32_si128(32 - bitSize);
-    mapRow(static_cast<const Vek32s*>(p), p, n, [unused](__m128i x) { return _mm_sra_epi32(_mm_sll_epi32(x, unused), unused); });
+    mapRow(static_cast<const Vek32s*>(p), p, n,
+           [unused](__m128i x) { return _mm_sra_epi32(_mm_sll_epi32(x, unused), unused); });
 }
 
 }  // namespace

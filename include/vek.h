@@ -15,29 +15,30 @@
 #define VEK_H
 
 #if defined(_WIN32) && !defined(_WIN64)
-#  define VEK_CALL __stdcall
+#    define VEK_CALL __stdcall
 #else
-#  define VEK_CALL
+#    define VEK_CALL
 #endif
 
 #if defined(_WIN32)
-#  if defined(VEK_BUILDING_LIBRARY)
-#    define VEK_API __declspec(dllexport)
-#  elif defined(VEK_STATIC)
-#    define VEK_API
-#  else
-#    define VEK_API __declspec(dllimport)
-#  endif
+#    if defined(VEK_BUILDING_LIBRARY)
+#        define VEK_API __declspec(dllexport)
+#    elif defined(VEK_STATIC)
+#        define VEK_API
+#    else
+#        define VEK_API __declspec(dllimport)
+#    endif
 #elif defined(__GNUC__)
-#  define VEK_API __attribute__((visibility("default")))
+#    define VEK_API __attribute__((visibility("default")))
 #else
-#  define VEK_API
+#    define VEK_API
 #endif
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
+/* clang-format off */
 /* ---- Element types --------------------------------------------------- */
 typedef unsigned char      Vek8u;
 typedef signed char        Vek8s;
@@ -110,6 +111,7 @@ typedef struct {
     const char* targetIsa;  /* "plain", "SSE", "SSE2", "SSE3", "SSSE3", "SSE4.1" */
     const char* buildDate;  /* compiler's __DATE__ of the build            */
 } VekLibraryVersion;
+/* clang-format on */
 
 /* ======================================================================
  * Core services (one implementation each, not dispatched by level)
@@ -157,7 +159,7 @@ VEK_API const char* VEK_CALL vekGetStatusString(VekStatus status);
  * the block holds the address to release, so only vekFree (or veksFree /
  * vekiFree) may release it; a null pointer is ignored. */
 VEK_API void* VEK_CALL vekMalloc(int length);
-VEK_API void  VEK_CALL vekFree(void* ptr);
+VEK_API void VEK_CALL vekFree(void* ptr);
 
 /* First address at or after ptr that is a multiple of alignBytes, which
  * must be a power of two (not checked). */
@@ -169,7 +171,7 @@ VEK_API void* VEK_CALL vekAlignPtr(void* ptr, int alignBytes);
 
 /* Same as vekMalloc and vekFree. */
 VEK_API Vek8u* VEK_CALL veksMalloc_8u(int length);
-VEK_API void   VEK_CALL veksFree(void* ptr);
+VEK_API void VEK_CALL veksFree(void* ptr);
 
 /* Image buffers: *pStepBytes receives the row step, widthPixels times the
  * pixel size rounded up to a multiple of 32; the block holds step x height
@@ -177,8 +179,8 @@ VEK_API void   VEK_CALL veksFree(void* ptr);
  * written); a width or height below 1 writes step 0 and gives null.  When
  * the step or step x height does not fit in 32 bits, step 0 is written and
  * null returned.  Release with vekiFree. */
-VEK_API Vek8u*  VEK_CALL vekiMalloc_8u_C1(int widthPixels, int heightPixels, int* pStepBytes);
-VEK_API Vek8u*  VEK_CALL vekiMalloc_8u_C3(int widthPixels, int heightPixels, int* pStepBytes);
+VEK_API Vek8u* VEK_CALL vekiMalloc_8u_C1(int widthPixels, int heightPixels, int* pStepBytes);
+VEK_API Vek8u* VEK_CALL vekiMalloc_8u_C3(int widthPixels, int heightPixels, int* pStepBytes);
 VEK_API Vek16s* VEK_CALL vekiMalloc_16s_C1(int widthPixels, int heightPixels, int* pStepBytes);
 VEK_API Vek16s* VEK_CALL vekiMalloc_16s_C3(int widthPixels, int heightPixels, int* pStepBytes);
 VEK_API Vek16u* VEK_CALL vekiMalloc_16u_C1(int widthPixels, int heightPixels, int* pStepBytes);
@@ -187,7 +189,7 @@ VEK_API Vek32s* VEK_CALL vekiMalloc_32s_C1(int widthPixels, int heightPixels, in
 VEK_API Vek32s* VEK_CALL vekiMalloc_32s_C3(int widthPixels, int heightPixels, int* pStepBytes);
 VEK_API Vek32f* VEK_CALL vekiMalloc_32f_C1(int widthPixels, int heightPixels, int* pStepBytes);
 VEK_API Vek32f* VEK_CALL vekiMalloc_32f_C3(int widthPixels, int heightPixels, int* pStepBytes);
-VEK_API void    VEK_CALL vekiFree(void* ptr);
+VEK_API void VEK_CALL vekiFree(void* ptr);
 
 /* Version record of the level chosen at load, per domain (signal vectors,
  * images, JPEG).  Never null. */
@@ -217,21 +219,26 @@ VEK_API const VekLibraryVersion* VEK_CALL vekjGetLibVersion(void);
  * src - value.  A destination may be the very same array as a source;
  * other overlaps are not supported.  MulC_16s forms its product in 32 bits.
  * ====================================================================== */
-VEK_API VekStatus VEK_CALL veksAdd_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len, int scaleFactor);
+VEK_API VekStatus VEK_CALL veksAdd_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len,
+                                           int scaleFactor);
 VEK_API VekStatus VEK_CALL veksAdd_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int scaleFactor);
-VEK_API VekStatus VEK_CALL veksAdd_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
+VEK_API VekStatus VEK_CALL veksAdd_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len,
+                                           int scaleFactor);
 VEK_API VekStatus VEK_CALL veksAdd_32s_ISfs(const Vek32s* pSrc, Vek32s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus VEK_CALL veksAdd_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
 VEK_API VekStatus VEK_CALL veksAdd_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
 
-VEK_API VekStatus VEK_CALL veksSub_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len, int scaleFactor);
+VEK_API VekStatus VEK_CALL veksSub_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len,
+                                           int scaleFactor);
 VEK_API VekStatus VEK_CALL veksSub_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int scaleFactor);
-VEK_API VekStatus VEK_CALL veksSub_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
+VEK_API VekStatus VEK_CALL veksSub_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len,
+                                           int scaleFactor);
 VEK_API VekStatus VEK_CALL veksSub_32s_ISfs(const Vek32s* pSrc, Vek32s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus VEK_CALL veksSub_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
 VEK_API VekStatus VEK_CALL veksSub_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
 
-VEK_API VekStatus VEK_CALL veksMul_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
+VEK_API VekStatus VEK_CALL veksMul_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len,
+                                           int scaleFactor);
 VEK_API VekStatus VEK_CALL veksMul_32s_ISfs(const Vek32s* pSrc, Vek32s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus VEK_CALL veksMul_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
 VEK_API VekStatus VEK_CALL veksMul_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
@@ -327,7 +334,6 @@ VEK_API VekStatus VEK_CALL veksMove_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
 VEK_API VekStatus VEK_CALL veksThreshold_GT_32s_I(Vek32s* pSrcDst, int len, Vek32s level);
 VEK_API VekStatus VEK_CALL veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek32s level);
 
-
 /* ---- Images: copies, sets, mirrors, channel swaps, borders --------------- */
 /* An image is a pointer to the first pixel of its region of interest and a
  * row step in bytes.  Copies, sets, mirrors, channel swaps and the border
@@ -356,10 +362,14 @@ VEK_API VekStatus VEK_CALL vekiCopy_8u_AC4R(const Vek8u* pSrc, int srcStep, Vek8
  * three destination planes sharing dstStep.  Outputs of more than 2 MiB are
  * written with stores that bypass the cache where the code path has them
  * (from SSE for 32f, from SSSE3 for 8u and 16s); the result is the same. */
-VEK_API VekStatus VEK_CALL vekiCopy_8u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiCopy_16s_P3C3R(const Vek16s* const pSrc[3], int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiCopy_32f_P3C3R(const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiCopy_32f_C3P3R(const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3], int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_8u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep,
+                                             VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_16s_P3C3R(const Vek16s* const pSrc[3], int srcStep, Vek16s* pDst, int dstStep,
+                                              VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_32f_P3C3R(const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst, int dstStep,
+                                              VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiCopy_32f_C3P3R(const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3], int dstStep,
+                                              VekiSize roi);
 
 /* Write value into every sample of the region.  C3CR: pDst addresses one
  * channel of the first pixel of a three-channel image; that channel of each
@@ -377,16 +387,26 @@ VEK_API VekStatus VEK_CALL vekiSet_8u_C3CR(Vek8u value, Vek8u* pDst, int dstStep
  * roi.height < 2, flip 1 with roi.width < 2, flip 2 with either ->
  * StatusSize.  In place (IR), the middle row of an odd height and the middle
  * pixel of an odd width stay where they are. */
-VEK_API VekStatus VEK_CALL vekiMirror_8u_C1R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_16u_C1R(const Vek16u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_16u_C3R(const Vek16u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_16s_C3R(const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_32s_C3R(const Vek32s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_32f_C1R(const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi, int flip);
-VEK_API VekStatus VEK_CALL vekiMirror_32f_C3R(const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi, int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_8u_C1R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi,
+                                             int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi,
+                                             int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16u_C1R(const Vek16u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi,
+                                              int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16u_C3R(const Vek16u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi,
+                                              int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi,
+                                              int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_16s_C3R(const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi,
+                                              int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi,
+                                              int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32s_C3R(const Vek32s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi,
+                                              int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32f_C1R(const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi,
+                                              int flip);
+VEK_API VekStatus VEK_CALL vekiMirror_32f_C3R(const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi,
+                                              int flip);
 VEK_API VekStatus VEK_CALL vekiMirror_8u_C1IR(Vek8u* pSrcDst, int srcDstStep, VekiSize roi, int flip);
 VEK_API VekStatus VEK_CALL vekiMirror_8u_C3IR(Vek8u* pSrcDst, int srcDstStep, VekiSize roi, int flip);
 VEK_API VekStatus VEK_CALL vekiMirror_16u_C1IR(Vek16u* pSrcDst, int srcDstStep, VekiSize roi, int flip);
@@ -403,8 +423,10 @@ VEK_API VekStatus VEK_CALL vekiMirror_32f_C3IR(Vek32f* pSrcDst, int srcDstStep, 
  * last).  A value repeated in dstOrder copies that channel twice.  A null
  * dstOrder is StatusNullPointer (with the image pointers); after the region
  * check, a dstOrder value outside 0..2 gives StatusChannelOrder. */
-VEK_API VekStatus VEK_CALL vekiSwapChannels_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, const int dstOrder[3]);
-VEK_API VekStatus VEK_CALL vekiSwapChannels_8u_C3IR(Vek8u* pSrcDst, int srcDstStep, VekiSize roi, const int dstOrder[3]);
+VEK_API VekStatus VEK_CALL vekiSwapChannels_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                   VekiSize roi, const int dstOrder[3]);
+VEK_API VekStatus VEK_CALL vekiSwapChannels_8u_C3IR(Vek8u* pSrcDst, int srcDstStep, VekiSize roi,
+                                                    const int dstOrder[3]);
 
 /* Copy the srcRoi region of pSrc into the dstRoi region of pDst with its top
  * left pixel at (leftBorderWidth, topBorderHeight), and fill the rest of
@@ -414,8 +436,9 @@ VEK_API VekStatus VEK_CALL vekiSwapChannels_8u_C3IR(Vek8u* pSrcDst, int srcDstSt
  * is below 1 x 1, a border is negative, or dstRoi is narrower than
  * srcRoi.width + leftBorderWidth or lower than srcRoi.height +
  * topBorderHeight (the right and bottom borders take what is left). */
-VEK_API VekStatus VEK_CALL vekiCopyReplicateBorder_32s_C1R(const Vek32s* pSrc, int srcStep, VekiSize srcRoi, Vek32s* pDst, int dstStep, VekiSize dstRoi, int topBorderHeight, int leftBorderWidth);
-
+VEK_API VekStatus VEK_CALL vekiCopyReplicateBorder_32s_C1R(const Vek32s* pSrc, int srcStep, VekiSize srcRoi,
+                                                           Vek32s* pDst, int dstStep, VekiSize dstRoi,
+                                                           int topBorderHeight, int leftBorderWidth);
 
 /* ---- Images: type conversions and per-pixel arithmetic ------------------- */
 /* An image is addressed by the pointer to the first sample of the region of
@@ -442,35 +465,63 @@ VEK_API VekStatus VEK_CALL vekiCopyReplicateBorder_32s_C1R(const Vek32s* pSrc, i
  *     the SSE rounding mode in MXCSR nor the x87 control word is read or
  *     changed, and every level gives the same result.
  */
-VEK_API VekStatus VEK_CALL vekiConvert_8u16u_C1R(const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_8u16u_C3R(const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_8u16s_C3R(const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_8u32s_C1R(const Vek8u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_8u32s_C3R(const Vek8u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_8u32f_C1R(const Vek8u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_8u32f_C3R(const Vek8u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16u32s_C1R(const Vek16u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16u32s_C3R(const Vek16u* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16u32f_C1R(const Vek16u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16u32f_C3R(const Vek16u* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16s32s_C1R(const Vek16s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16s32s_C3R(const Vek16s* pSrc, int srcStep, Vek32s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16s32f_C1R(const Vek16s* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16s32f_C3R(const Vek16s* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u16u_C1R(const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u16u_C3R(const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u16s_C3R(const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u32s_C1R(const Vek8u* pSrc, int srcStep, Vek32s* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u32s_C3R(const Vek8u* pSrc, int srcStep, Vek32s* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u32f_C1R(const Vek8u* pSrc, int srcStep, Vek32f* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_8u32f_C3R(const Vek8u* pSrc, int srcStep, Vek32f* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u32s_C1R(const Vek16u* pSrc, int srcStep, Vek32s* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u32s_C3R(const Vek16u* pSrc, int srcStep, Vek32s* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u32f_C1R(const Vek16u* pSrc, int srcStep, Vek32f* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u32f_C3R(const Vek16u* pSrc, int srcStep, Vek32f* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s32s_C1R(const Vek16s* pSrc, int srcStep, Vek32s* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s32s_C3R(const Vek16s* pSrc, int srcStep, Vek32s* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s32f_C1R(const Vek16s* pSrc, int srcStep, Vek32f* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s32f_C3R(const Vek16s* pSrc, int srcStep, Vek32f* pDst, int dstStep,
+                                                  VekiSize roi);
 
-VEK_API VekStatus VEK_CALL vekiConvert_32s8u_C1R(const Vek32s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_32s8u_C3R(const Vek32s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16s8u_C1R(const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16s8u_C3R(const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16u8u_C1R(const Vek16u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_16u8u_C3R(const Vek16u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_32f8u_C1R(const Vek32f* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_32f8u_C3R(const Vek32f* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_32f16s_C1R(const Vek32f* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_32f16s_C3R(const Vek32f* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_32f16u_C1R(const Vek32f* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi);
-VEK_API VekStatus VEK_CALL vekiConvert_32f16u_C3R(const Vek32f* pSrc, int srcStep, Vek16u* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32s8u_C1R(const Vek32s* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32s8u_C3R(const Vek32s* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s8u_C1R(const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16s8u_C3R(const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u8u_C1R(const Vek16u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_16u8u_C3R(const Vek16u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f8u_C1R(const Vek32f* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f8u_C3R(const Vek32f* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                 VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f16s_C1R(const Vek32f* pSrc, int srcStep, Vek16s* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f16s_C3R(const Vek32f* pSrc, int srcStep, Vek16s* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f16u_C1R(const Vek32f* pSrc, int srcStep, Vek16u* pDst, int dstStep,
+                                                  VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiConvert_32f16u_C3R(const Vek32f* pSrc, int srcStep, Vek16u* pDst, int dstStep,
+                                                  VekiSize roi);
 
 /* Shifts by a constant count `value`, one channel.
  * vekiLShiftC_32s_C1R (pSrc, srcStep, value, pDst, dstStep, roi) and
@@ -481,7 +532,8 @@ VEK_API VekStatus VEK_CALL vekiConvert_32f16u_C3R(const Vek32f* pSrc, int srcSte
  *   roi): arithmetic shift right (rounds toward minus infinity); a count at
  *   or beyond the sample width gives the sign fill (-1 or 0).
  * A count of 0 leaves the samples as they are (the checks still apply). */
-VEK_API VekStatus VEK_CALL vekiLShiftC_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32u value, Vek32s* pDst, int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiLShiftC_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32u value, Vek32s* pDst, int dstStep,
+                                               VekiSize roi);
 VEK_API VekStatus VEK_CALL vekiLShiftC_32s_C1IR(Vek32u value, Vek32s* pSrcDst, int srcDstStep, VekiSize roi);
 VEK_API VekStatus VEK_CALL vekiRShiftC_16s_C1IR(Vek32u value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi);
 VEK_API VekStatus VEK_CALL vekiRShiftC_32s_C1IR(Vek32u value, Vek32s* pSrcDst, int srcDstStep, VekiSize roi);
@@ -493,7 +545,8 @@ VEK_API VekStatus VEK_CALL vekiRShiftC_32s_C1IR(Vek32u value, Vek32s* pSrcDst, i
  * vekiMulC_32f_C1IR (value, pSrcDst, srcDstStep, roi): the IEEE
  *   single-precision product of each sample, as veksMulC_32f_I (and, like
  *   it, subject on the SSE levels to the caller's FTZ and DAZ modes). */
-VEK_API VekStatus VEK_CALL vekiMulC_16s_C1IRSfs(Vek16s value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi, int scaleFactor);
+VEK_API VekStatus VEK_CALL vekiMulC_16s_C1IRSfs(Vek16s value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi,
+                                                int scaleFactor);
 VEK_API VekStatus VEK_CALL vekiMulC_32f_C1IR(Vek32f value, Vek32f* pSrcDst, int srcDstStep, VekiSize roi);
 
 /* vekiComplement_32s_C1IR (pSrcDst, srcDstStep, roi, bitSize): reads the
@@ -504,7 +557,6 @@ VEK_API VekStatus VEK_CALL vekiMulC_32f_C1IR(Vek32f value, Vek32f* pSrcDst, int 
  * 2047).  bitSize 32 leaves the samples unchanged.  After the common
  * checks, bitSize outside 1..32 -> StatusOutOfRange. */
 VEK_API VekStatus VEK_CALL vekiComplement_32s_C1IR(Vek32s* pSrcDst, int srcDstStep, VekiSize roi, int bitSize);
-
 
 /* ---- Checksums ------------------------------------------------------------ */
 /* Running checksums for the zlib (Adler-32) and gzip (CRC-32) containers; a
@@ -520,7 +572,6 @@ VEK_API VekStatus VEK_CALL vekiComplement_32s_C1IR(Vek32s* pSrcDst, int srcDstSt
  * StatusSize with nothing written. */
 VEK_API VekStatus VEK_CALL veksAdler32_8u(const Vek8u* pSrc, int len, Vek32u* pAdler);
 VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc);
-
 
 /* ---- Run-length coding ---------------------------------------------------- */
 /* A byte-oriented run-length code.  Items: a literal byte b (the byte after
@@ -544,7 +595,6 @@ VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc
  * on failure.  No bytes of pDst beyond the reported count are touched. */
 VEK_API VekStatus VEK_CALL veksEncodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen);
 VEK_API VekStatus VEK_CALL veksDecodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen);
-
 
 /* ---- The deflate encoder: state and match finding ------------------------- */
 /* The first stage of a deflate (RFC 1951) encoder: input bytes become LZ77
@@ -602,7 +652,7 @@ VEK_API VekStatus VEK_CALL veksDecodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, V
 VEK_API VekStatus VEK_CALL veksEncodeLZ77GetSize_8u(int* pSize);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77Init_8u(int comprClass, int checksumKind, VekDeflateState* pState);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77InitAlloc_8u(int comprClass, int checksumKind, VekDeflateState** ppState);
-VEK_API void      VEK_CALL veksLZ77Free_8u(void* pState);
+VEK_API void VEK_CALL veksLZ77Free_8u(void* pState);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77Reset_8u(VekDeflateState* pState);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLen, VekDeflateState* pState);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77_8u(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* pPairsLen,
@@ -611,7 +661,6 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77GetPairs_8u(Vek16u** ppPairs, int* pPai
                                                      VekDeflateState* pState);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77SetPairs_8u(Vek16u* pPairs, int pairsCount, int pairsCapacity,
                                                      VekDeflateState* pState);
-
 
 /* ---- The deflate encoder: block coding and trailer ------------------------ */
 /* The second stage of the deflate encoder: the pairs made by
@@ -678,8 +727,8 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, 
  * pointer -> StatusNullPointer; *pDstLen = 0 -> StatusDstSize; *pDstLen < 0,
  * *pSrcLen outside 0..65535 or fewer than the rest of the open block ->
  * StatusSize; a Huffman block open -> StatusContextMismatch. */
-VEK_API VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst,
-                                                        int* pDstLen, int flush, VekDeflateState* pState);
+VEK_API VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst, int* pDstLen,
+                                                        int flush, VekDeflateState* pState);
 
 /* The trailer, after the last block: checksum kind 1 writes the running
  * checksum most significant byte first (4 bytes); kinds 2 and 0 write the
@@ -692,7 +741,6 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int
  * stream status not 3 or another checksum kind -> StatusUnknown; *pDstLen = 0
  * -> StatusDstSize. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, VekDeflateState* pState);
-
 
 #ifdef __cplusplus
 }

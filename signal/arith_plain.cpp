@@ -43,9 +43,24 @@ inline Vek16s scale16(int32_t s, int sf) { return static_cast<Vek16s>(scaleExact
 inline Vek32s scale32(int64_t s, int sf) { return scaleExact(s, sf, INT32_MIN, INT32_MAX, 32); }
 
 // The element operations.  Sub takes (src1, src2) and gives src2 - src1.
-struct Add { template <class W> static W op(W a, W b) { return a + b; } };
-struct Sub { template <class W> static W op(W a, W b) { return b - a; } };
-struct Mul { template <class W> static W op(W a, W b) { return a * b; } };
+struct Add {
+    template <class W>
+    static W op(W a, W b) {
+        return a + b;
+    }
+};
+struct Sub {
+    template <class W>
+    static W op(W a, W b) {
+        return b - a;
+    }
+};
+struct Mul {
+    template <class W>
+    static W op(W a, W b) {
+        return a * b;
+    }
+};
 
 // The exact result of an element: 32 bits hold it for 16-bit data, 64 bits
 // for 32-bit data (the full product included).
@@ -54,8 +69,10 @@ using Exact = std::conditional_t<sizeof(T) == 2, int32_t, int64_t>;
 
 template <class T>
 T scaleTo(Exact<T> s, int sf) {
-    if constexpr (sizeof(T) == 2) return scale16(s, sf);
-    else return scale32(s, sf);
+    if constexpr (sizeof(T) == 2)
+        return scale16(s, sf);
+    else
+        return scale32(s, sf);
 }
 
 template <class T, class Op>
@@ -91,7 +108,12 @@ VekStatus floatc(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
 }
 
 // SubC computes src - value, the reverse of Sub's operand order.
-struct SubC { template <class W> static W op(W a, W v) { return a - v; } };
+struct SubC {
+    template <class W>
+    static W op(W a, W v) {
+        return a - v;
+    }
+};
 
 }  // namespace
 

@@ -106,7 +106,7 @@ VekStatus floatc(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
 #ifdef __SSE2__
 // ---- shared integer helpers -----------------------------------------------
 
-#include "signal/simd_select.h"
+#    include "signal/simd_select.h"
 
 // Saturated value of the sign of x for 16- or 32-bit lanes: max for x >= 0,
 // min for x < 0 (x is never 0 where this is used).
@@ -292,9 +292,7 @@ void scaled32AddKernel(int sf, Run run) {
         });
     } else {
         const __m128i count = _mm_cvtsi32_si128(-sf);
-        run([=](__m128i a, __m128i b) {
-            return shiftLeftSat32(H::saturated(X::first(a, b), X::second(a, b)), count);
-        });
+        run([=](__m128i a, __m128i b) { return shiftLeftSat32(H::saturated(X::first(a, b), X::second(a, b)), count); });
     }
 }
 
@@ -306,9 +304,9 @@ struct Products64 {
 };
 inline Products64 products64(__m128i a, __m128i b) {
     const __m128i aOdd = _mm_srli_epi64(a, 32), bOdd = _mm_srli_epi64(b, 32);
-#ifdef __SSE4_1__
+#    ifdef __SSE4_1__
     return {_mm_mul_epi32(a, b), _mm_mul_epi32(aOdd, bOdd)};
-#else
+#    else
     // Unsigned products, then the signed correction of the high halves:
     // hi(a*b) = hi(ua*ub) - (a < 0 ? b : 0) - (b < 0 ? a : 0).
     const __m128i fix = _mm_add_epi32(_mm_and_si128(_mm_srai_epi32(a, 31), b), _mm_and_si128(_mm_srai_epi32(b, 31), a));
@@ -316,7 +314,7 @@ inline Products64 products64(__m128i a, __m128i b) {
     const __m128i even = _mm_sub_epi32(_mm_mul_epu32(a, b), _mm_slli_epi64(fix, 32));
     const __m128i odd = _mm_sub_epi32(_mm_mul_epu32(aOdd, bOdd), _mm_and_si128(fix, hiMask));
     return {even, odd};
-#endif
+#    endif
 }
 
 // Four results from the 64-bit lanes of the even and odd products.  The low
@@ -324,19 +322,19 @@ inline Products64 products64(__m128i a, __m128i b) {
 // bits above them, sign-extended, so a result fits when they equal the sign
 // of its low part.
 inline __m128i saturateTo32(__m128i yEven, __m128i yOdd, __m128i gEven, __m128i gOdd) {
-#ifdef __SSE4_1__
+#    ifdef __SSE4_1__
     // Blends and shifts: no shuffle-port traffic.
     const __m128i lo = _mm_blend_epi16(yEven, _mm_slli_epi64(yOdd, 32), 0xCC);
     const __m128i hi = _mm_blend_epi16(_mm_srli_epi64(gEven, 32), gOdd, 0xCC);
     const __m128i fits = _mm_cmpeq_epi32(hi, _mm_srai_epi32(lo, 31));
     return select(fits, lo, signSat32(hi));
-#else
+#    else
     // Gathered as elements 0, 2, 1, 3 and put back in order at the end.
     const __m128i lo = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(yEven), _mm_castsi128_ps(yOdd), 0x88));
     const __m128i hi = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(gEven), _mm_castsi128_ps(gOdd), 0xDD));
     const __m128i fits = _mm_cmpeq_epi32(hi, _mm_srai_epi32(lo, 31));
     return _mm_shuffle_epi32(select(fits, lo, signSat32(hi)), 0xD8);
-#endif
+#    endif
 }
 inline __m128i saturate64(__m128i even, __m128i odd) { return saturateTo32(even, odd, even, odd); }
 
@@ -347,7 +345,8 @@ inline __m128i saturate64(__m128i even, __m128i odd) { return saturateTo32(even,
 struct RoundShift64 {
     __m128i count, countHigh, bias;
     explicit RoundShift64(int sf)
-        : count(_mm_cvtsi32_si128(sf)), countHigh(_mm_cvtsi32_si128(sf - 1)),
+        : count(_mm_cvtsi32_si128(sf)),
+          countHigh(_mm_cvtsi32_si128(sf - 1)),
           bias(_mm_set1_epi64x((int64_t(1) << (sf - 1)) - 1)) {}
     __m128i rounded(__m128i p) const {
         const __m128i odd = _mm_and_si128(_mm_srl_epi64(p, count), _mm_set_epi32(0, 1, 0, 1));
@@ -368,11 +367,11 @@ struct RoundShift64 {
 inline bool shortOperands(__m128i a, __m128i b) {
     const __m128i half = _mm_set1_epi32(0x8000);  // moves -32768..32767 to 0..65535
     const __m128i t = _mm_or_si128(_mm_add_epi32(a, half), _mm_add_epi32(b, half));
-#ifdef __SSE4_1__
+#    ifdef __SSE4_1__
     return _mm_testz_si128(t, _mm_set1_epi32(int(0xFFFF0000u)));
-#else
+#    else
     return _mm_movemask_epi8(_mm_cmpeq_epi16(_mm_srli_epi32(t, 16), _mm_setzero_si128())) == 0xFFFF;
-#endif
+#    endif
 }
 inline __m128i shortProducts(__m128i a, __m128i b) {
     return _mm_madd_epi16(a, _mm_and_si128(b, _mm_set1_epi32(0xFFFF)));
@@ -422,9 +421,12 @@ void scaled32MulKernel(int sf, Run run) {
 // then run it over two arrays or an array and a constant.
 template <class T, class Op, class Run>
 void scaledKernel(int sf, Run run) {
-    if constexpr (sizeof(T) == 2) scaled16Kernel<Op>(sf, run);
-    else if constexpr (std::is_same_v<Op, Mul>) scaled32MulKernel(sf, run);
-    else scaled32AddKernel<Op>(sf, run);
+    if constexpr (sizeof(T) == 2)
+        scaled16Kernel<Op>(sf, run);
+    else if constexpr (std::is_same_v<Op, Mul>)
+        scaled32MulKernel(sf, run);
+    else
+        scaled32AddKernel<Op>(sf, run);
 }
 inline __m128i broadcast(Vek16s v) { return _mm_set1_epi16(v); }
 inline __m128i broadcast(Vek32s v) { return _mm_set1_epi32(v); }

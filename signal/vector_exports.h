@@ -99,61 +99,59 @@ VekStatus checked(const S* src, D* dst, int len, Kernel kernel) {
 
 }  // namespace
 
-#define VEK_VECTOR_SHIFT_MEMBERS                                                                   \
-    VekStatus VEK_CALL veksLShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len) {     \
-        return shiftLeftC(pSrc, shift, pDst, len);                                                 \
-    }                                                                                              \
-    VekStatus VEK_CALL veksLShiftC_16s_I(int shift, Vek16s* pSrcDst, int len) {                    \
-        return shiftLeftInPlace(shift, pSrcDst, len);                                              \
-    }                                                                                              \
-    VekStatus VEK_CALL veksLShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len) {     \
-        return shiftLeftC(pSrc, shift, pDst, len);                                                 \
-    }                                                                                              \
-    VekStatus VEK_CALL veksRShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len) {     \
-        return shiftRightC(pSrc, shift, pDst, len);                                                \
-    }                                                                                              \
-    VekStatus VEK_CALL veksRShiftC_16s_I(int shift, Vek16s* pSrcDst, int len) {                    \
-        return shiftRightInPlace(shift, pSrcDst, len);                                             \
-    }                                                                                              \
-    VekStatus VEK_CALL veksRShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len) {     \
-        return shiftRightC(pSrc, shift, pDst, len);                                                \
-    }                                                                                              \
-    VekStatus VEK_CALL veksRShiftC_32s_I(int shift, Vek32s* pSrcDst, int len) {                    \
-        return shiftRightInPlace(shift, pSrcDst, len);                                             \
+#define VEK_VECTOR_SHIFT_MEMBERS                                                               \
+    VekStatus VEK_CALL veksLShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len) { \
+        return shiftLeftC(pSrc, shift, pDst, len);                                             \
+    }                                                                                          \
+    VekStatus VEK_CALL veksLShiftC_16s_I(int shift, Vek16s* pSrcDst, int len) {                \
+        return shiftLeftInPlace(shift, pSrcDst, len);                                          \
+    }                                                                                          \
+    VekStatus VEK_CALL veksLShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len) { \
+        return shiftLeftC(pSrc, shift, pDst, len);                                             \
+    }                                                                                          \
+    VekStatus VEK_CALL veksRShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len) { \
+        return shiftRightC(pSrc, shift, pDst, len);                                            \
+    }                                                                                          \
+    VekStatus VEK_CALL veksRShiftC_16s_I(int shift, Vek16s* pSrcDst, int len) {                \
+        return shiftRightInPlace(shift, pSrcDst, len);                                         \
+    }                                                                                          \
+    VekStatus VEK_CALL veksRShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len) { \
+        return shiftRightC(pSrc, shift, pDst, len);                                            \
+    }                                                                                          \
+    VekStatus VEK_CALL veksRShiftC_32s_I(int shift, Vek32s* pSrcDst, int len) {                \
+        return shiftRightInPlace(shift, pSrcDst, len);                                         \
     }
 
-#define VEK_VECTOR_INT_CONVERT_MEMBERS                                                             \
-    VekStatus VEK_CALL veksConvert_16s32s(const Vek16s* pSrc, Vek32s* pDst, int len) {             \
-        return checked(pSrc, pDst, len, [=] { widenKernel(pSrc, pDst, len); });                    \
-    }                                                                                              \
-    VekStatus VEK_CALL veksConvert_32s16s(const Vek32s* pSrc, Vek16s* pDst, int len) {             \
-        return checked(pSrc, pDst, len, [=] { narrowKernel(pSrc, pDst, len); });                   \
+#define VEK_VECTOR_INT_CONVERT_MEMBERS                                                 \
+    VekStatus VEK_CALL veksConvert_16s32s(const Vek16s* pSrc, Vek32s* pDst, int len) { \
+        return checked(pSrc, pDst, len, [=] { widenKernel(pSrc, pDst, len); });        \
+    }                                                                                  \
+    VekStatus VEK_CALL veksConvert_32s16s(const Vek32s* pSrc, Vek16s* pDst, int len) { \
+        return checked(pSrc, pDst, len, [=] { narrowKernel(pSrc, pDst, len); });       \
     }
 
-#define VEK_VECTOR_TO_FLOAT_MEMBER                                                                       \
+#define VEK_VECTOR_TO_FLOAT_MEMBER                                                                          \
     VekStatus VEK_CALL veksConvert_32s32f_Sfs(const Vek32s* pSrc, Vek32f* pDst, int len, int scaleFactor) { \
-        return checked(pSrc, pDst, len, [=] { toFloatKernel(pSrc, pDst, len, scaleFactor); });           \
+        return checked(pSrc, pDst, len, [=] { toFloatKernel(pSrc, pDst, len, scaleFactor); });              \
     }
-#define VEK_VECTOR_TO_INT_MEMBER                                                                         \
+#define VEK_VECTOR_TO_INT_MEMBER                                                                            \
     VekStatus VEK_CALL veksConvert_32f32s_Sfs(const Vek32f* pSrc, Vek32s* pDst, int len, int scaleFactor) { \
-        return checked(pSrc, pDst, len, [=] { toIntKernel(pSrc, pDst, len, scaleFactor); });             \
+        return checked(pSrc, pDst, len, [=] { toIntKernel(pSrc, pDst, len, scaleFactor); });                \
     }
 
-#define VEK_VECTOR_COPY_MEMBERS                                                                    \
-    VekStatus VEK_CALL veksCopy_8u(const Vek8u* pSrc, Vek8u* pDst, int len) {                      \
-        return copyElements(pSrc, pDst, len);                                                      \
-    }                                                                                              \
-    VekStatus VEK_CALL veksMove_8u(const Vek8u* pSrc, Vek8u* pDst, int len) {                      \
-        return checked(pSrc, pDst, len, [=] {                                                      \
-            if (pSrc != pDst) memmove(pDst, pSrc, static_cast<size_t>(len));                       \
-        });                                                                                        \
+#define VEK_VECTOR_COPY_MEMBERS                                                                                       \
+    VekStatus VEK_CALL veksCopy_8u(const Vek8u* pSrc, Vek8u* pDst, int len) { return copyElements(pSrc, pDst, len); } \
+    VekStatus VEK_CALL veksMove_8u(const Vek8u* pSrc, Vek8u* pDst, int len) {                                         \
+        return checked(pSrc, pDst, len, [=] {                                                                         \
+            if (pSrc != pDst) memmove(pDst, pSrc, static_cast<size_t>(len));                                          \
+        });                                                                                                           \
     }
 
-#define VEK_VECTOR_THRESHOLD_MEMBERS                                                               \
-    VekStatus VEK_CALL veksThreshold_GT_32s_I(Vek32s* pSrcDst, int len, Vek32s level) {            \
+#define VEK_VECTOR_THRESHOLD_MEMBERS                                                                 \
+    VekStatus VEK_CALL veksThreshold_GT_32s_I(Vek32s* pSrcDst, int len, Vek32s level) {              \
         return checked(pSrcDst, pSrcDst, len, [=] { thresholdKernel<Above>(pSrcDst, len, level); }); \
-    }                                                                                              \
-    VekStatus VEK_CALL veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek32s level) {            \
+    }                                                                                                \
+    VekStatus VEK_CALL veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek32s level) {              \
         return checked(pSrcDst, pSrcDst, len, [=] { thresholdKernel<Below>(pSrcDst, len, level); }); \
     }
 

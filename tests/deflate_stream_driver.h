@@ -42,7 +42,8 @@ inline Stream compress(const uint8_t* data, size_t size, const Knobs& k) {
         ~Release() { veksLZ77Free_8u(st); }
     } release{st};
     if (!k.dict.empty())
-        if (int r = veksEncodeLZ77SetDictionary_8u(k.dict.data(), int(k.dict.size()), st)) return fail("SetDictionary", r);
+        if (int r = veksEncodeLZ77SetDictionary_8u(k.dict.data(), int(k.dict.size()), st))
+            return fail("SetDictionary", r);
 
     std::vector<uint8_t> room(std::max(1, k.outputRoom));
     // Runs a coder until it has written everything, room by room.

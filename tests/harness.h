@@ -49,7 +49,8 @@ class InputArray {
 public:
     InputArray(int count, int offset = 0)
         : block_(new unsigned char[sizeof(T) * (count + offset)]),
-          data_(reinterpret_cast<T*>(block_.get()) + offset), count_(count) {}
+          data_(reinterpret_cast<T*>(block_.get()) + offset),
+          count_(count) {}
     T* data() { return data_; }
     const T* data() const { return data_; }
     int size() const { return count_; }
@@ -69,8 +70,10 @@ template <class T>
 class GuardedArray {
 public:
     explicit GuardedArray(int count, int offsetElements = 0)
-        : bytes_(kGuardBytes * 2 + sizeof(T) * (count + offsetElements)), block_(bytes_, kGuard),
-          count_(count), offset_(offsetElements) {}
+        : bytes_(kGuardBytes * 2 + sizeof(T) * (count + offsetElements)),
+          block_(bytes_, kGuard),
+          count_(count),
+          offset_(offsetElements) {}
     T* data() { return reinterpret_cast<T*>(block_.data() + kGuardBytes) + offset_; }
     int size() const { return count_; }
     T& operator[](int i) { return data()[i]; }
@@ -122,9 +125,8 @@ void compareLevels(GuardedArray<T>& out, const std::vector<T>& initial, Call cal
         ASSERT_TRUE(out.guardsIntact()) << "level " << level << " wrote outside its output; " << what;
         const std::vector<T> got = out.contents();
         for (int i = 0; i < out.size(); ++i)
-            ASSERT_TRUE(sameBits(got[i], ref[i]))
-                << "level " << level << " element " << i << ": " << +got[i] << " vs level 0 " << +ref[i] << "; "
-                << what;
+            ASSERT_TRUE(sameBits(got[i], ref[i])) << "level " << level << " element " << i << ": " << +got[i]
+                                                  << " vs level 0 " << +ref[i] << "; " << what;
     }
 }
 

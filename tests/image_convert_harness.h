@@ -24,9 +24,13 @@ struct ImageShape {
     int offset = 0;   // elements the first row is moved from the block start (misalignment)
 
     template <class T>
-    int step() const { return (samples + padding) * int(sizeof(T)); }
+    int step() const {
+        return (samples + padding) * int(sizeof(T));
+    }
     template <class T>
-    int span() const { return (samples + padding) * (height - 1) + samples; }
+    int span() const {
+        return (samples + padding) * (height - 1) + samples;
+    }
     bool inRow(int i) const { return i % (samples + padding) < samples; }
     std::string describe() const {
         return std::to_string(samples) + " samples x " + std::to_string(height) + " rows, padding " +
@@ -54,8 +58,10 @@ template <class T, class Value>
 std::vector<T> imageContents(const ImageShape& s, Value value) {
     std::vector<T> v(s.span<T>());
     for (int i = 0; i < s.span<T>(); ++i) {
-        if (s.inRow(i)) v[i] = value();
-        else memset(&v[i], kGuard, sizeof(T));
+        if (s.inRow(i))
+            v[i] = value();
+        else
+            memset(&v[i], kGuard, sizeof(T));
     }
     return v;
 }

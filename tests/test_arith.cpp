@@ -35,8 +35,8 @@ int64_t referenceScale(int64_t s, int sf, int64_t lo, int64_t hi, int maxScale) 
 int64_t exact(char op, int64_t a, int64_t b) {
     switch (op) {
     case '+': return a + b;
-    case '-': return b - a;   // Sub: src2 - src1
-    case 'c': return a - b;   // SubC: src - value
+    case '-': return b - a;  // Sub: src2 - src1
+    case 'c': return a - b;  // SubC: src - value
     default: return a * b;
     }
 }
@@ -46,8 +46,10 @@ const int kScales32[] = {-64, -33, -32, -31, -30, -17, -1, 0, 1, 2, 3, 15, 16, 1
 
 template <class T>
 int pickScale() {
-    if constexpr (sizeof(T) == 2) return kScales16[rng()() % (sizeof kScales16 / sizeof(int))];
-    else return kScales32[rng()() % (sizeof kScales32 / sizeof(int))];
+    if constexpr (sizeof(T) == 2)
+        return kScales16[rng()() % (sizeof kScales16 / sizeof(int))];
+    else
+        return kScales32[rng()() % (sizeof kScales32 / sizeof(int))];
 }
 
 template <class T>
@@ -75,20 +77,20 @@ void forShapes(const std::function<void(int len, int sf, int offset)>& body) {
 }
 
 // One call of any member: the function type says which arguments it takes.
-#define VEK_INVOKE(params, ...)                                                              \
-    template <class T>                                                                       \
+#define VEK_INVOKE(params, ...)                                                                       \
+    template <class T>                                                                                \
     int invoke(VekStatus(VEK_CALL* f) params, const T* a, const T* b, T v, T* out, int len, int sf) { \
-        (void)a, (void)b, (void)v, (void)sf;                                                 \
-        return f(__VA_ARGS__);                                                               \
+        (void)a, (void)b, (void)v, (void)sf;                                                          \
+        return f(__VA_ARGS__);                                                                        \
     }
-VEK_INVOKE((const T*, const T*, T*, int, int), a, b, out, len, sf)   // (src1, src2, dst, len, sf)
-VEK_INVOKE((const T*, const T*, T*, int), a, b, out, len)            // (src1, src2, dst, len)
-VEK_INVOKE((const T*, T*, int, int), a, out, len, sf)                // (src, srcDst, len, sf)
-VEK_INVOKE((const T*, T*, int), a, out, len)                         // (src, srcDst, len)
-VEK_INVOKE((const T*, T, T*, int, int), a, v, out, len, sf)          // (src, value, dst, len, sf)
-VEK_INVOKE((const T*, T, T*, int), a, v, out, len)                   // (src, value, dst, len)
-VEK_INVOKE((T, T*, int, int), v, out, len, sf)                       // (value, srcDst, len, sf)
-VEK_INVOKE((T, T*, int), v, out, len)                                // (value, srcDst, len)
+VEK_INVOKE((const T*, const T*, T*, int, int), a, b, out, len, sf)  // (src1, src2, dst, len, sf)
+VEK_INVOKE((const T*, const T*, T*, int), a, b, out, len)           // (src1, src2, dst, len)
+VEK_INVOKE((const T*, T*, int, int), a, out, len, sf)               // (src, srcDst, len, sf)
+VEK_INVOKE((const T*, T*, int), a, out, len)                        // (src, srcDst, len)
+VEK_INVOKE((const T*, T, T*, int, int), a, v, out, len, sf)         // (src, value, dst, len, sf)
+VEK_INVOKE((const T*, T, T*, int), a, v, out, len)                  // (src, value, dst, len)
+VEK_INVOKE((T, T*, int, int), v, out, len, sf)                      // (value, srcDst, len, sf)
+VEK_INVOKE((T, T*, int), v, out, len)                               // (value, srcDst, len)
 #undef VEK_INVOKE
 
 // Operands of 32-bit members drawn from the 16-bit range, where the
@@ -100,9 +102,12 @@ void fillShort(T* p, int n, bool mixed) {
     static const int32_t edges[] = {-32769, -32768, 32767, 32768};
     for (int i = 0; i < n; ++i) {
         const uint32_t r = rng()();
-        if (mixed && r % 16 == 0) p[i] = randomValue<T>();
-        else if (r % 16 == 1) p[i] = static_cast<T>(edges[(r >> 8) % 4]);
-        else p[i] = static_cast<T>(int32_t(r >> 16) - 32768);
+        if (mixed && r % 16 == 0)
+            p[i] = randomValue<T>();
+        else if (r % 16 == 1)
+            p[i] = static_cast<T>(edges[(r >> 8) % 4]);
+        else
+            p[i] = static_cast<T>(int32_t(r >> 16) - 32768);
     }
 }
 
@@ -127,9 +132,10 @@ void diffArith(const Fn* table) {
             fillShort(initial.data(), len, data == 2);
         }
         GuardedArray<T> out(len, (off + 5) % 8);
-        compareLevels(out, initial, [&](int level) {
-            return invoke<T>(table[level], a.data(), b.data(), v, out.data(), len, sf);
-        }, describe(len, sf, off) + " value " + std::to_string(+v));
+        compareLevels(
+            out, initial,
+            [&](int level) { return invoke<T>(table[level], a.data(), b.data(), v, out.data(), len, sf); },
+            describe(len, sf, off) + " value " + std::to_string(+v));
     });
 }
 
@@ -192,8 +198,10 @@ void checkAgainstReference(const Fn* table, char op) {
             std::vector<T> a = randomVector<T>(len), b = randomVector<T>(len), d(len);
             if (constant) b.assign(len, b[0]);
             int status;
-            if constexpr (constant) status = table[0](a.data(), b[0], d.data(), len, sf);
-            else status = table[0](a.data(), b.data(), d.data(), len, sf);
+            if constexpr (constant)
+                status = table[0](a.data(), b[0], d.data(), len, sf);
+            else
+                status = table[0](a.data(), b.data(), d.data(), len, sf);
             ASSERT_EQ(status, StatusOk);
             for (int i = 0; i < len; ++i)
                 ASSERT_EQ(d[i], referenceScale(exact(op, a[i], b[i]), sf, lo, hi, wide ? 32 : 16))
@@ -220,8 +228,10 @@ TEST(ArithReference, ScaledMembersRoundHalfToEvenAndSaturate) {
 // the double-precision operation rounded once to float is (53 >= 2*24 + 2).
 TEST(ArithReference, FloatMembersAreCorrectlyRounded) {
     using F = VekStatus(VEK_CALL*)(const Vek32f*, const Vek32f*, Vek32f*, int);
-    const struct { F fn; char op; } cases[] = {
-        {vekTable_veksAdd_32f[0], '+'}, {vekTable_veksSub_32f[0], '-'}, {vekTable_veksMul_32f[0], '*'}};
+    const struct {
+        F fn;
+        char op;
+    } cases[] = {{vekTable_veksAdd_32f[0], '+'}, {vekTable_veksSub_32f[0], '-'}, {vekTable_veksMul_32f[0], '*'}};
     for (const auto& c : cases) {
         for (int round = 0; round < rounds(200); ++round) {
             std::vector<Vek32f> a = randomVector<Vek32f>(64), b = randomVector<Vek32f>(64), d(64);
@@ -255,8 +265,8 @@ TEST(ArithEntry, TiesGoToEvenAndExtremeScalesSaturateOrClear) {
             EXPECT_EQ(vekTable_veksAdd_16s_Sfs[level](&x, &y, &d, 1, sf), StatusOk);
             return d;
         };
-        EXPECT_EQ(add(3, 4, 1), 4);   // 3.5 -> 4
-        EXPECT_EQ(add(1, 4, 1), 2);   // 2.5 -> 2
+        EXPECT_EQ(add(3, 4, 1), 4);  // 3.5 -> 4
+        EXPECT_EQ(add(1, 4, 1), 2);  // 2.5 -> 2
         EXPECT_EQ(add(5, 0, 1), 2);
         EXPECT_EQ(add(-5, 0, 1), -2);
         EXPECT_EQ(add(-7, 0, 1), -4);
@@ -305,8 +315,11 @@ template <class T, class Fn>
 void checkBinaryEntry(const Fn* table, int level, bool scaled) {
     T a[4] = {1, 2, 3, 4}, b[4] = {5, 6, 7, 8}, d[4] = {9, 9, 9, 9};
     auto call = [&](const T* x, const T* y, T* z, int len) {
-        if constexpr (std::is_floating_point_v<T>) { (void)scaled; return table[level](x, y, z, len); }
-        else return table[level](x, y, z, len, 0);
+        if constexpr (std::is_floating_point_v<T>) {
+            (void)scaled;
+            return table[level](x, y, z, len);
+        } else
+            return table[level](x, y, z, len, 0);
     };
     EXPECT_EQ(call(nullptr, b, d, 4), StatusNullPointer);
     EXPECT_EQ(call(a, nullptr, d, 4), StatusNullPointer);
@@ -321,8 +334,10 @@ template <class T, class Fn>
 void checkConstInPlaceEntry(const Fn* table, int level) {
     T d[2] = {9, 9};
     auto call = [&](T* z, int len) {
-        if constexpr (std::is_floating_point_v<T>) return table[level](T(1), z, len);
-        else return table[level](T(1), z, len, 0);
+        if constexpr (std::is_floating_point_v<T>)
+            return table[level](T(1), z, len);
+        else
+            return table[level](T(1), z, len, 0);
     };
     EXPECT_EQ(call(nullptr, 0), StatusNullPointer);
     EXPECT_EQ(call(d, 0), StatusSize);

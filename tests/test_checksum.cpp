@@ -3,7 +3,7 @@
 // written from the definitions, the zero-byte advance tables of the fast
 // levels, and the rules at entry.
 #ifdef VEK_HAVE_ZLIB
-#include <zlib.h>
+#    include <zlib.h>
 #endif
 
 #include "compression/crc32_shift_tables.h"
@@ -47,8 +47,8 @@ void diffChecksum(Fn* const* table, bool adler) {
     // Adler blocks; then each size of stream group the fast CRC levels use
     // (pieces of 64, 512 and 4096 bytes in threes, 16 and 256 in 64 lanes)
     // alone, with a byte more, and mixed.
-    for (int len : {5551, 5552, 5553, 11104, 11111, 65536 + 7, 191, 192, 193, 1023, 1024, 1025, 1536, 1537,
-                    12288, 16384, 16383, 16384 + 12288 + 1536 + 1024 + 192 + 7})
+    for (int len : {5551, 5552, 5553, 11104, 11111, 65536 + 7, 191, 192, 193, 1023, 1024, 1025, 1536, 1537, 12288,
+                    16384, 16383, 16384 + 12288 + 1536 + 1024 + 192 + 7})
         lengths.push_back(len);
     for (int round = 0; round < rounds(2); ++round)
         for (int len : lengths) {
@@ -59,12 +59,13 @@ void diffChecksum(Fn* const* table, bool adler) {
             GuardedArray<Vek32u> value(1);
             // Adler also from sums that were never reduced (A or B up to 65535).
             const Vek32u unreduced[] = {0xFFFFFFFFu, 0xFFF0FFF0u, 0x0000FFFFu};
-            const Vek32u start = !adler         ? Vek32u(rng()())
-                                 : rng()() % 2  ? 1
+            const Vek32u start = !adler        ? Vek32u(rng()())
+                                 : rng()() % 2 ? 1
                                  : rng()() % 4 ? referenceAdler32(data.data(), len / 3, 1)
                                                : unreduced[rng()() % 3];
-            compareLevels(value, {start}, [&](int level) { return int(table[level](src.data(), len, value.data())); },
-                          "len " + std::to_string(len) + " offset " + std::to_string(offset));
+            compareLevels(
+                value, {start}, [&](int level) { return int(table[level](src.data(), len, value.data())); },
+                "len " + std::to_string(len) + " offset " + std::to_string(offset));
         }
 }
 
@@ -116,8 +117,10 @@ TEST(Checksums, EveryLevelEqualsZlib) {
                 Vek32u crc = seed, adler = 1;
                 vekTable_veksCRC32_8u[level](p, len, &crc);
                 vekTable_veksAdler32_8u[level](p, len, &adler);
-                ASSERT_EQ(crc, ::crc32(seed, p, uInt(len))) << "level " << level << " len " << len << " offset " << offset;
-                ASSERT_EQ(adler, ::adler32(1, p, uInt(len))) << "level " << level << " len " << len << " offset " << offset;
+                ASSERT_EQ(crc, ::crc32(seed, p, uInt(len)))
+                    << "level " << level << " len " << len << " offset " << offset;
+                ASSERT_EQ(adler, ::adler32(1, p, uInt(len)))
+                    << "level " << level << " len " << len << " offset " << offset;
             }
 }
 #endif

@@ -67,7 +67,10 @@ TEST(Memory, ImageAllocatorsRoundTheStepUpTo32Bytes) {
     Vek32f* f = vekiMalloc_32f_C1(8, 1, &step);
     EXPECT_EQ(step, 32);
     vekiFree(f);
-    const struct { void* (*alloc)(int, int, int*); int bytesPerPixel; } kinds[] = {
+    const struct {
+        void* (*alloc)(int, int, int*);
+        int bytesPerPixel;
+    } kinds[] = {
         {[](int w, int h, int* s) -> void* { return vekiMalloc_8u_C1(w, h, s); }, 1},
         {[](int w, int h, int* s) -> void* { return vekiMalloc_16s_C1(w, h, s); }, 2},
         {[](int w, int h, int* s) -> void* { return vekiMalloc_16u_C1(w, h, s); }, 2},
@@ -203,8 +206,8 @@ VEK_DIFF_CASE(veksMalloc_8u, [] {
         EXPECT_EQ(vekTable_veksMalloc_8u[level](0), nullptr);
     }
 });
-#define VEK_VERSION_DIFF(name)                                                             \
-    VEK_DIFF_CASE(name, [] {                                                               \
+#define VEK_VERSION_DIFF(name)                                                                 \
+    VEK_DIFF_CASE(name, [] {                                                                   \
         for (int level : availableLevels()) EXPECT_EQ(vekTable_##name[level]()->level, level); \
     })
 VEK_VERSION_DIFF(veksGetLibVersion);

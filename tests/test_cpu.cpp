@@ -18,32 +18,55 @@ struct Cpu {
     Cpu(bool own = true) {
         r.hasCpuid = true;
         r.leaf0.eax = 1;
-        if (own) r.leaf0.ebx = 0x756e6547, r.leaf0.edx = 0x4f656e69, r.leaf0.ecx = 0x6e617672;  // GenuineOrvan
-        else r.leaf0.ebx = 0x68747541, r.leaf0.edx = 0x69746e65, r.leaf0.ecx = 0x444d4163;       // another vendor
+        if (own)
+            r.leaf0.ebx = 0x756e6547, r.leaf0.edx = 0x4f656e69, r.leaf0.ecx = 0x6e617672;  // GenuineOrvan
+        else
+            r.leaf0.ebx = 0x68747541, r.leaf0.edx = 0x69746e65, r.leaf0.ecx = 0x444d4163;  // another vendor
     }
     Cpu& sig(uint32_t family, uint32_t model, uint32_t extFamily = 0, uint32_t extModel = 0) {
         r.leaf1.eax = (extFamily << 20) | (extModel << 16) | (family << 8) | (model << 4);
         return *this;
     }
-    Cpu& edx(uint32_t f) { r.leaf1.edx |= f; return *this; }
-    Cpu& ecx(uint32_t f) { r.leaf1.ecx |= f; return *this; }
-    Cpu& logical(uint32_t n) { r.leaf1.ebx = n << 16; return *this; }
-    Cpu& cores(uint32_t n) { r.leaf0.eax = 4; r.leaf4.eax = (n - 1) << 26; return *this; }
-    Cpu& maxLeaf(uint32_t n) { r.leaf0.eax = n; return *this; }
-    Cpu& x64() { r.ext0.eax = 0x80000008; r.ext1.edx = 1u << 29; return *this; }
+    Cpu& edx(uint32_t f) {
+        r.leaf1.edx |= f;
+        return *this;
+    }
+    Cpu& ecx(uint32_t f) {
+        r.leaf1.ecx |= f;
+        return *this;
+    }
+    Cpu& logical(uint32_t n) {
+        r.leaf1.ebx = n << 16;
+        return *this;
+    }
+    Cpu& cores(uint32_t n) {
+        r.leaf0.eax = 4;
+        r.leaf4.eax = (n - 1) << 26;
+        return *this;
+    }
+    Cpu& maxLeaf(uint32_t n) {
+        r.leaf0.eax = n;
+        return *this;
+    }
+    Cpu& x64() {
+        r.ext0.eax = 0x80000008;
+        r.ext1.edx = 1u << 29;
+        return *this;
+    }
     uint32_t type() const { return vek::classifyCpu(r); }
 };
 
 TEST(CpuClassification, OwnVendorFamilySixModels) {
-    const struct { uint32_t model, code; } table[] = {
-        {1, 3}, {3, 4}, {5, 4}, {6, 4}, {7, 5}, {8, 5}, {10, 5}, {11, 5}, {9, 9}, {13, 9},
-        {23, 68}, {26, 35}, {28, 36}};
+    const struct {
+        uint32_t model, code;
+    } table[] = {{1, 3},  {3, 4}, {5, 4},  {6, 4},   {7, 5},   {8, 5},  {10, 5},
+                 {11, 5}, {9, 9}, {13, 9}, {23, 68}, {26, 35}, {28, 36}};
     for (const auto& t : table) {
         // The combined model = model + 16 x extended model.
         EXPECT_EQ(Cpu().sig(6, t.model & 15, 0, t.model >> 4).type(), t.code) << "model " << t.model;
     }
     EXPECT_EQ(Cpu().sig(6, 14).cores(1).type(), 10u);
-    EXPECT_EQ(Cpu().sig(6, 14).cores(4).type(), 11u);   // leaf 4 EAX[31:26] = 3
+    EXPECT_EQ(Cpu().sig(6, 14).cores(4).type(), 11u);             // leaf 4 EAX[31:26] = 3
     EXPECT_EQ(Cpu().sig(6, 14).cores(4).maxLeaf(3).type(), 10u);  // no leaf 4: one core
     EXPECT_EQ(Cpu().sig(6, 15).cores(2).type(), 33u);
     EXPECT_EQ(Cpu().sig(6, 15).cores(3).type(), 34u);
@@ -96,13 +119,12 @@ TEST(CpuClassification, OtherVendorsByFeatures) {
 }
 
 TEST(CpuClassification, LevelTable) {
-    const struct { int level; std::vector<uint32_t> codes; } table[] = {
-        {0, {0, 1, 2, 3, 4, 12, 96, 100}},
-        {1, {5, 16, 17, 64}},
-        {2, {6, 7, 9, 65}},
-        {3, {8, 10, 11, 32, 66}},
-        {4, {33, 34, 36, 67}},
-        {5, {35, 37, 68, 69}},
+    const struct {
+        int level;
+        std::vector<uint32_t> codes;
+    } table[] = {
+        {0, {0, 1, 2, 3, 4, 12, 96, 100}}, {1, {5, 16, 17, 64}},  {2, {6, 7, 9, 65}},
+        {3, {8, 10, 11, 32, 66}},          {4, {33, 34, 36, 67}}, {5, {35, 37, 68, 69}},
     };
     for (const auto& row : table)
         for (uint32_t code : row.codes) EXPECT_EQ(vek::levelForCpuType(code), row.level) << "code " << code;

@@ -11,7 +11,7 @@
 #include "harness.h"
 
 #ifdef VEK_HAVE_ZLIB
-#include "zlib_client.h"
+#    include "zlib_client.h"
 #endif
 
 namespace vektest {
@@ -137,8 +137,9 @@ bool inflateRaw(const std::vector<uint8_t>& in, std::vector<uint8_t>& out, size_
     const Inflated r = inflateStream(in.data(), in.size(), -15);
     out = r.bytes;
     const bool whole = r.complete && r.used == in.size();
-    if (!whole) ADD_FAILURE() << "inflate: " << r.error << ", " << in.size() - r.used << " of " << in.size()
-                              << " bytes left, " << out.size() << " of " << expected << " out";
+    if (!whole)
+        ADD_FAILURE() << "inflate: " << r.error << ", " << in.size() - r.used << " of " << in.size() << " bytes left, "
+                      << out.size() << " of " << expected << " out";
     return whole;
 }
 #endif
@@ -153,12 +154,15 @@ void diffCoders(Coder only) {
         std::fill(t.coders.begin(), t.coders.end(), only);
         const int chunk = 1 + int(rng()() % 50);
         GuardedArray<Vek8u> out(1 << 17);
-        compareLevels(out, std::vector<Vek8u>(out.size(), 0), [&](int level) {
-            std::vector<uint8_t> bytes;
-            const VekStatus st = writeStream(level, t, chunk, bytes);
-            std::copy(bytes.begin(), bytes.begin() + std::min<size_t>(bytes.size(), out.size()), out.data());
-            return int(st);
-        }, "chunk " + std::to_string(chunk));
+        compareLevels(
+            out, std::vector<Vek8u>(out.size(), 0),
+            [&](int level) {
+                std::vector<uint8_t> bytes;
+                const VekStatus st = writeStream(level, t, chunk, bytes);
+                std::copy(bytes.begin(), bytes.begin() + std::min<size_t>(bytes.size(), out.size()), out.data());
+                return int(st);
+            },
+            "chunk " + std::to_string(chunk));
     }
 }
 VEK_DIFF_CASE(veksEncodeLZ77FixedHuff_8u, [] { diffCoders(kFixed); });
@@ -170,12 +174,15 @@ VEK_DIFF_CASE(veksEncodeLZ77SelectHuffMode_8u, [] {
         std::vector<uint8_t> data;
         const std::vector<Vek16u> pairs = randomPairs(int(rng()() % 400), data, int(rng()() % 4));
         GuardedArray<int> mode(1);
-        compareLevels(mode, {-1}, [&](int level) {
-            auto s = freshState();
-            vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s.get()));
-            return int(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
-                                                                       mode.data(), opaque(s.get())));
-        }, "pairs " + std::to_string(pairs.size() / 2));
+        compareLevels(
+            mode, {-1},
+            [&](int level) {
+                auto s = freshState();
+                vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s.get()));
+                return int(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
+                                                                           mode.data(), opaque(s.get())));
+            },
+            "pairs " + std::to_string(pairs.size() / 2));
     }
 });
 
@@ -185,44 +192,53 @@ VEK_DIFF_CASE(veksEncodeLZ77Flush_8u, [] {
         const Vek32u sum = rng()();
         const int pos = int(rng()() >> 1);
         GuardedArray<Vek8u> out(16);
-        compareLevels(out, std::vector<Vek8u>(16, 0), [&](int level) {
-            auto s = freshState(kind);
-            s->checksum = sum;
-            s->streamPos = pos;
-            s->streamStatus = 3;
-            std::vector<uint8_t> bytes;
-            const VekStatus st = writeTrailer(level, s.get(), bytes, chunk);
-            std::copy(bytes.begin(), bytes.begin() + std::min<size_t>(bytes.size(), 16), out.data());
-            return int(st);
-        }, "kind " + std::to_string(kind));
+        compareLevels(
+            out, std::vector<Vek8u>(16, 0),
+            [&](int level) {
+                auto s = freshState(kind);
+                s->checksum = sum;
+                s->streamPos = pos;
+                s->streamStatus = 3;
+                std::vector<uint8_t> bytes;
+                const VekStatus st = writeTrailer(level, s.get(), bytes, chunk);
+                std::copy(bytes.begin(), bytes.begin() + std::min<size_t>(bytes.size(), 16), out.data());
+                return int(st);
+            },
+            "kind " + std::to_string(kind));
     }
 });
 
 VEK_DIFF_CASE(veksEncodeLZ77GetStatus_8u, [] {
     for (int status : {0, 1, 2, 3, -7, 12345}) {
         GuardedArray<int> got(1);
-        compareLevels(got, {-1}, [&](int level) {
-            auto s = freshState();
-            s->streamStatus = status;
-            return int(vekTable_veksEncodeLZ77GetStatus_8u[level](got.data(), opaque(s.get())));
-        }, "status " + std::to_string(status));
+        compareLevels(
+            got, {-1},
+            [&](int level) {
+                auto s = freshState();
+                s->streamStatus = status;
+                return int(vekTable_veksEncodeLZ77GetStatus_8u[level](got.data(), opaque(s.get())));
+            },
+            "status " + std::to_string(status));
     }
 });
 
 VEK_DIFF_CASE(veksEncodeLZ77SetStatus_8u, [] {
     for (int status : {0, 1, 2, 3, 5, -1}) {
         GuardedArray<int> fields(5);
-        compareLevels(fields, std::vector<int>(5, 0), [&](int level) {
-            auto s = freshState();
-            s->pairCount = 1234;
-            s->pairCapacity = 5000;
-            s->pairs = s->pairStorage + 10;
-            const int st = vekTable_veksEncodeLZ77SetStatus_8u[level](status, opaque(s.get()));
-            const int got[5] = {s->streamStatus, s->pairCount, s->pairCapacity, int(s->pairs - s->pairStorage),
-                                s->coder.subStatus};
-            std::copy(got, got + 5, fields.data());
-            return st;
-        }, "status " + std::to_string(status));
+        compareLevels(
+            fields, std::vector<int>(5, 0),
+            [&](int level) {
+                auto s = freshState();
+                s->pairCount = 1234;
+                s->pairCapacity = 5000;
+                s->pairs = s->pairStorage + 10;
+                const int st = vekTable_veksEncodeLZ77SetStatus_8u[level](status, opaque(s.get()));
+                const int got[5] = {s->streamStatus, s->pairCount, s->pairCapacity, int(s->pairs - s->pairStorage),
+                                    s->coder.subStatus};
+                std::copy(got, got + 5, fields.data());
+                return st;
+            },
+            "status " + std::to_string(status));
     }
 });
 
@@ -259,8 +275,8 @@ TEST(DeflateBlock, EmptyAndSingleSymbolBlocksAreValid) {
                 std::vector<uint8_t> out;
                 const Vek16u none[2] = {};
                 data.reserve(1);  // a valid pointer even when empty
-                ASSERT_EQ(codeBlock(level, coder, pairs.empty() ? none : pairs.data(), int(pairs.size() / 2), data.data(), int(data.size()),
-                                    3, s.get(), out, 1),
+                ASSERT_EQ(codeBlock(level, coder, pairs.empty() ? none : pairs.data(), int(pairs.size() / 2),
+                                    data.data(), int(data.size()), 3, s.get(), out, 1),
                           StatusOk);
                 std::vector<uint8_t> inflated;
                 ASSERT_TRUE(inflateRaw(out, inflated, data.size())) << "coder " << coder << " pairs " << pairs.size();
@@ -294,10 +310,15 @@ TEST(DeflateBlock, CodeLengthsAreCompleteWithinTheirLimitAndOptimalBelowIt) {
         const int style = round % 4;
         Vek32u a = 1, b = 1;  // Fibonacci counts: the deepest possible trees
         for (int s = 0; s < n; ++s) {
-            if (style == 0) counts[s] = rng()() % 3 ? 0 : rng()() % 1000;
-            else if (style == 1) counts[s] = (rng()() % 2) ? a : 0, std::tie(a, b) = std::make_pair(b, std::min<Vek32u>(a + b, 1u << 24));
-            else if (style == 2) counts[s] = s < 2 + int(rng()() % 3) ? 1 + rng()() % 5 : 0;
-            else counts[s] = 1u << (rng()() % 20);
+            if (style == 0)
+                counts[s] = rng()() % 3 ? 0 : rng()() % 1000;
+            else if (style == 1)
+                counts[s] = (rng()() % 2) ? a : 0,
+                std::tie(a, b) = std::make_pair(b, std::min<Vek32u>(a + b, 1u << 24));
+            else if (style == 2)
+                counts[s] = s < 2 + int(rng()() % 3) ? 1 + rng()() % 5 : 0;
+            else
+                counts[s] = 1u << (rng()() % 20);
         }
         std::vector<Vek8u> lengths(n);
         vek::plain::deflate::buildCodeLengths(counts.data(), n, limit, lengths.data());
@@ -360,7 +381,8 @@ int selectMode(int level, DeflateState* s, const std::vector<Vek16u>& pairs, boo
     if (newBlock) vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s));
     int mode = -1;
     const Vek16u none[2] = {};
-    EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.empty() ? none : pairs.data(), int(pairs.size() / 2), &mode, opaque(s)),
+    EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.empty() ? none : pairs.data(),
+                                                              int(pairs.size() / 2), &mode, opaque(s)),
               StatusOk);
     return mode;
 }
@@ -490,7 +512,8 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
             EXPECT_EQ(dstLen, 64);
         }
         int srcLen = 3, big = 65536;
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, 0, st), StatusNullPointer);
+        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, 0, st),
+                  StatusNullPointer);
         EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, 0, st), StatusNullPointer);
         EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &zero, 0, st), StatusDstSize);
         EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &dstLen, 0, st), StatusSize);

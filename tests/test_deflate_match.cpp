@@ -18,8 +18,8 @@ using vek::deflate::DeflateState;
 enum class DataKind { Text, Random, Runs, Mixed };
 
 std::vector<uint8_t> makeData(DataKind kind, int n) {
-    static const char* const words[] = {"the ", "deflate ", "stream ", "of ", "pairs ", "and ", "literal ",
-                                        "match ", "window ", "history ", "\n", "0123 ", "vek "};
+    static const char* const words[] = {"the ",   "deflate ", "stream ",  "of ", "pairs ", "and ", "literal ",
+                                        "match ", "window ",  "history ", "\n",  "0123 ",  "vek "};
     std::vector<uint8_t> v;
     v.reserve(n);
     Rng& r = rng();
@@ -197,54 +197,66 @@ void diffScenarios(Scenario (*make)(), int count) {
         for (int level : availableLevels()) {
             if (level == 0) continue;
             const Record got = runScenario(level, sc);
-            ASSERT_TRUE(got == ref) << "level " << level << " differs from level 0; class " << sc.comprClass
-                                    << ", " << sc.data.size() << " bytes in " << sc.chunks.size() << " chunks";
+            ASSERT_TRUE(got == ref) << "level " << level << " differs from level 0; class " << sc.comprClass << ", "
+                                    << sc.data.size() << " bytes in " << sc.chunks.size() << " chunks";
         }
     }
 }
 
 VEK_DIFF_CASE(veksEncodeLZ77_8u, [] { diffScenarios([] { return randomScenario(200000); }, 40); });
 VEK_DIFF_CASE(veksEncodeLZ77SetDictionary_8u, [] {
-    diffScenarios([] {
-        Scenario sc = randomScenario(5000);
-        sc.dict = makeData(DataKind(rng()() % 4), int(rng()() % 50000));
-        return sc;
-    }, 10);
+    diffScenarios(
+        [] {
+            Scenario sc = randomScenario(5000);
+            sc.dict = makeData(DataKind(rng()() % 4), int(rng()() % 50000));
+            return sc;
+        },
+        10);
 });
 VEK_DIFF_CASE(veksEncodeLZ77Reset_8u, [] {
-    diffScenarios([] {
-        Scenario sc = randomScenario(50000);
-        sc.resetAndRepeat = true;
-        return sc;
-    }, 10);
+    diffScenarios(
+        [] {
+            Scenario sc = randomScenario(50000);
+            sc.resetAndRepeat = true;
+            return sc;
+        },
+        10);
 });
 VEK_DIFF_CASE(veksEncodeLZ77GetPairs_8u, [] {
-    diffScenarios([] {
-        Scenario sc = randomScenario(3000);
-        sc.capacities = {0, 1, 2, 3, 7, 100};
-        return sc;
-    }, 10);
+    diffScenarios(
+        [] {
+            Scenario sc = randomScenario(3000);
+            sc.capacities = {0, 1, 2, 3, 7, 100};
+            return sc;
+        },
+        10);
 });
 VEK_DIFF_CASE(veksEncodeLZ77SetPairs_8u, [] {
-    diffScenarios([] {
-        Scenario sc = randomScenario(3000);
-        sc.capacities = {int(rng()() % 300), 65280};
-        return sc;
-    }, 10);
+    diffScenarios(
+        [] {
+            Scenario sc = randomScenario(3000);
+            sc.capacities = {int(rng()() % 300), 65280};
+            return sc;
+        },
+        10);
 });
 VEK_DIFF_CASE(veksEncodeLZ77Init_8u, [] {
-    diffScenarios([] {
-        Scenario sc = randomScenario(3000);
-        sc.allocate = false;
-        return sc;
-    }, 10);
+    diffScenarios(
+        [] {
+            Scenario sc = randomScenario(3000);
+            sc.allocate = false;
+            return sc;
+        },
+        10);
 });
 VEK_DIFF_CASE(veksEncodeLZ77InitAlloc_8u, [] {
-    diffScenarios([] {
-        Scenario sc = randomScenario(3000);
-        sc.allocate = true;
-        return sc;
-    }, 10);
+    diffScenarios(
+        [] {
+            Scenario sc = randomScenario(3000);
+            sc.allocate = true;
+            return sc;
+        },
+        10);
 });
 VEK_DIFF_CASE(veksLZ77Free_8u, [] {
     for (int level : availableLevels()) {  // releases what InitAlloc made; null is ignored
@@ -341,8 +353,8 @@ TEST(DeflateMatch, PairsExpandToTheInput) {
         }
         checkExpansion(sc, rec);
         if (HasFatalFailure())
-            FAIL() << "round " << round << " level " << level << " class " << sc.comprClass << ", "
-                   << sc.data.size() << " bytes, " << sc.chunks.size() << " chunks";
+            FAIL() << "round " << round << " level " << level << " class " << sc.comprClass << ", " << sc.data.size()
+                   << " bytes, " << sc.chunks.size() << " chunks";
         Vek32u checksum;
         memcpy(&checksum, rec.stateImage.data(), 4);
         ASSERT_EQ(checksum, expectedChecksum(sc.checksumKind, sc.data)) << "kind " << sc.checksumKind;
@@ -558,7 +570,8 @@ TEST(DeflateMatch, ClassesFollowTheirRulesLiterally) {
     std::vector<std::vector<uint8_t>> inputs;
     for (int period : {32766, 32767, 32768}) {
         std::vector<uint8_t> v = makeData(DataKind::Random, period);
-        for (int i = period; i < 3 * period / 2 + 4000; ++i) v.push_back(rng()() % 97 ? v[i - period] : uint8_t(rng()()));
+        for (int i = period; i < 3 * period / 2 + 4000; ++i)
+            v.push_back(rng()() % 97 ? v[i - period] : uint8_t(rng()()));
         inputs.push_back(v);
     }
     for (DataKind kind : {DataKind::Text, DataKind::Runs, DataKind::Mixed}) inputs.push_back(makeData(kind, 40000));
@@ -571,8 +584,8 @@ TEST(DeflateMatch, ClassesFollowTheirRulesLiterally) {
                 StateHolder holder(level, sc);
                 const Encoded e = encodeOnce(level, holder.get(), data);
                 EXPECT_EQ(e.status, StatusOk);
-                ASSERT_TRUE(e.pairs == expected) << "class " << comprClass << ", level " << level << ", "
-                                                 << data.size() << " bytes";
+                ASSERT_TRUE(e.pairs == expected)
+                    << "class " << comprClass << ", level " << level << ", " << data.size() << " bytes";
             }
         }
 }

@@ -7,11 +7,11 @@
 // compared by itself; kind-2 streams also go through zlib's gzip reader
 // behind a minimal RFC 1952 header, which checks CRC-32 and size itself.
 #ifdef VEK_HAVE_ZLIB
-#include <zlib.h>
+#    include <zlib.h>
 
-#include "deflate_stream_driver.h"
-#include "harness.h"
-#include "zlib_client.h"
+#    include "deflate_stream_driver.h"
+#    include "harness.h"
+#    include "zlib_client.h"
 
 namespace vektest {
 namespace {
@@ -23,7 +23,8 @@ std::vector<uint8_t> streamData(int kind, size_t n) {
     for (size_t i = 0; i < n;) {
         if (kind == 0) {  // text-like: phrases at random offsets with typos
             const size_t start = r() % 40, len = std::min<size_t>(n - i, 5 + r() % 30);
-            for (size_t j = 0; j < len; ++j) v[i++] = r() % 50 ? uint8_t(text[(start + j) % (sizeof text - 1)]) : uint8_t(r());
+            for (size_t j = 0; j < len; ++j)
+                v[i++] = r() % 50 ? uint8_t(text[(start + j) % (sizeof text - 1)]) : uint8_t(r());
         } else if (kind == 1) {
             v[i++] = uint8_t(r());
         } else {  // runs of few values

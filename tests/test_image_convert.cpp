@@ -17,10 +17,11 @@ namespace {
 // Floats where rounding and saturation decide: halfway values in and around
 // every destination range, the bounds, specials, and anything at all.
 Vek32f floatSample() {
-    static const Vek32f specials[] = {
-        NAN, -NAN, INFINITY, -INFINITY, -0.0f, 0.0f, 0.49999997f, 0.5f, 0.50000006f, 1.5f, 2.5f, -0.5f, -1.5f,
-        -2.5f, 254.5f, 255.5f, 255.49998f, 256.0f, 65534.5f, 65535.5f, 65536.0f, 32766.5f, 32767.5f, -32767.5f,
-        -32768.5f, -32769.0f, 1e-40f, -1e-40f, 8388607.5f, 16777216.0f, 3e9f, -3e9f};
+    static const Vek32f specials[] = {NAN,        -NAN,        INFINITY,   -INFINITY, -0.0f,     0.0f,     0.49999997f,
+                                      0.5f,       0.50000006f, 1.5f,       2.5f,      -0.5f,     -1.5f,    -2.5f,
+                                      254.5f,     255.5f,      255.49998f, 256.0f,    65534.5f,  65535.5f, 65536.0f,
+                                      32766.5f,   32767.5f,    -32767.5f,  -32768.5f, -32769.0f, 1e-40f,   -1e-40f,
+                                      8388607.5f, 16777216.0f, 3e9f,       -3e9f};
     Rng& r = rng();
     switch (r() % 8) {
     case 0: return specials[r() % (sizeof specials / sizeof *specials)];
@@ -34,8 +35,10 @@ Vek32f floatSample() {
 }
 template <class T>
 T sample() {
-    if constexpr (std::is_floating_point_v<T>) return floatSample();
-    else return randomValue<T>();
+    if constexpr (std::is_floating_point_v<T>)
+        return floatSample();
+    else
+        return randomValue<T>();
 }
 
 // ---- references ---------------------------------------------------------------
@@ -91,17 +94,20 @@ void checkImage(GuardedArray<T>& out, const std::vector<T>& initial, const Image
             ASSERT_EQ(0, memcmp(&got[i], &initial[i], sizeof(T))) << "padding written at " << i << "; " << what;
         } else {
             const T want = expected(i);
-            ASSERT_TRUE(sameBits(got[i], want)) << "element " << i << ": " << +got[i] << ", reference " << +want
-                                                << "; " << what;
+            ASSERT_TRUE(sameBits(got[i], want))
+                << "element " << i << ": " << +got[i] << ", reference " << +want << "; " << what;
         }
     }
 }
 
 template <class T>
 std::string describeParam(const T& p) {
-    if constexpr (std::is_same_v<T, ScaledConstant>) return "value " + std::to_string(p.value) + " sf " + std::to_string(p.scaleFactor);
-    else if constexpr (std::is_floating_point_v<T>) return "value " + std::to_string(p);
-    else return "parameter " + std::to_string(p);
+    if constexpr (std::is_same_v<T, ScaledConstant>)
+        return "value " + std::to_string(p.value) + " sf " + std::to_string(p.scaleFactor);
+    else if constexpr (std::is_floating_point_v<T>)
+        return "value " + std::to_string(p);
+    else
+        return "parameter " + std::to_string(p);
 }
 
 // A source image and a separate destination: call(level, src, srcStep,
@@ -121,15 +127,22 @@ void runTwoImages(int channels, Draw drawParam, Call call, Ref ref) {
         GuardedArray<D> dst(out.span<D>(), out.offset);
         const std::vector<D> initial = imageContents<D>(out, sample<D>);
         const VekiSize roi{width, in.height};
-        const std::string what = "source " + in.describe() + "; destination " + out.describe() + "; " + describeParam(param);
-        compareLevels(dst, initial, [&](int level) {
-            return int(call(level, src.data(), in.step<S>(), param, dst.data(), out.step<D>(), roi));
-        }, what);
+        const std::string what =
+            "source " + in.describe() + "; destination " + out.describe() + "; " + describeParam(param);
+        compareLevels(
+            dst, initial,
+            [&](int level) {
+                return int(call(level, src.data(), in.step<S>(), param, dst.data(), out.step<D>(), roi));
+            },
+            what);
         if (::testing::Test::HasFatalFailure()) return;
-        checkImage(dst, initial, out, [&](int i) {
-            const int row = i / (out.samples + out.padding), k = i % (out.samples + out.padding);
-            return ref(input[row * (in.samples + in.padding) + k], param);
-        }, what);
+        checkImage(
+            dst, initial, out,
+            [&](int i) {
+                const int row = i / (out.samples + out.padding), k = i % (out.samples + out.padding);
+                return ref(input[row * (in.samples + in.padding) + k], param);
+            },
+            what);
     }
 }
 
@@ -144,9 +157,12 @@ void runInPlace(Draw drawParam, Call call, Ref ref) {
         const std::vector<T> initial = imageContents<T>(shape, sample<T>);
         const VekiSize roi{width, shape.height};
         const std::string what = shape.describe() + "; " + describeParam(param);
-        compareLevels(image, initial, [&](int level) { return int(call(level, param, image.data(), shape.step<T>(), roi)); }, what);
+        compareLevels(
+            image, initial, [&](int level) { return int(call(level, param, image.data(), shape.step<T>(), roi)); },
+            what);
         if (::testing::Test::HasFatalFailure()) return;
-        checkImage(image, initial, shape, [&](int i) { return ref(initial[i], param); }, what);
+        checkImage(
+            image, initial, shape, [&](int i) { return ref(initial[i], param); }, what);
     }
 }
 
@@ -162,12 +178,15 @@ template <class Fn>
 void diffConvert(const Fn* table, int channels) {
     using S = typename ConvertTypes<Fn>::Source;
     using D = typename ConvertTypes<Fn>::Destination;
-    runTwoImages<S, D>(channels, [] { return 0; },
-        [table](int level, const S* s, int ss, int, D* d, int ds, VekiSize roi) { return table[level](s, ss, d, ds, roi); },
+    runTwoImages<S, D>(
+        channels, [] { return 0; },
+        [table](int level, const S* s, int ss, int, D* d, int ds, VekiSize roi) {
+            return table[level](s, ss, d, ds, roi);
+        },
         [](S x, int) { return referenceConvert<D>(x); });
 }
 
-#define VEK_CONVERT_DIFF(codes)                                                                       \
+#define VEK_CONVERT_DIFF(codes)                                                                           \
     VEK_DIFF_CASE(vekiConvert_##codes##_C1R, [] { diffConvert(vekTable_vekiConvert_##codes##_C1R, 1); }); \
     VEK_DIFF_CASE(vekiConvert_##codes##_C3R, [] { diffConvert(vekTable_vekiConvert_##codes##_C3R, 3); })
 
@@ -188,49 +207,70 @@ VEK_CONVERT_DIFF(32f16u);
 
 // Shift counts: small, at and around the widths, and far beyond.
 Vek32u shiftCount() {
-    static const Vek32u counts[] = {0, 1, 2, 7, 14, 15, 16, 17, 30, 31, 32, 33, 63, 64, 1000, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu};
+    static const Vek32u counts[] = {0,  1,  2,  7,  14, 15,   16,          17,          30,
+                                    31, 32, 33, 63, 64, 1000, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu};
     return rng()() % 2 ? counts[rng()() % (sizeof counts / sizeof *counts)] : Vek32u(rng()() % 40);
 }
 
 VEK_DIFF_CASE(vekiLShiftC_32s_C1R, [] {
-    runTwoImages<Vek32s, Vek32s>(1, shiftCount,
+    runTwoImages<Vek32s, Vek32s>(
+        1, shiftCount,
         [](int level, const Vek32s* s, int ss, Vek32u c, Vek32s* d, int ds, VekiSize roi) {
             return vekTable_vekiLShiftC_32s_C1R[level](s, ss, c, d, ds, roi);
-        }, referenceLeftShift);
+        },
+        referenceLeftShift);
 });
 VEK_DIFF_CASE(vekiLShiftC_32s_C1IR, [] {
-    runInPlace<Vek32s>(shiftCount, [](int level, Vek32u c, Vek32s* p, int step, VekiSize roi) {
-        return vekTable_vekiLShiftC_32s_C1IR[level](c, p, step, roi);
-    }, referenceLeftShift);
+    runInPlace<Vek32s>(
+        shiftCount,
+        [](int level, Vek32u c, Vek32s* p, int step, VekiSize roi) {
+            return vekTable_vekiLShiftC_32s_C1IR[level](c, p, step, roi);
+        },
+        referenceLeftShift);
 });
 VEK_DIFF_CASE(vekiRShiftC_16s_C1IR, [] {
-    runInPlace<Vek16s>(shiftCount, [](int level, Vek32u c, Vek16s* p, int step, VekiSize roi) {
-        return vekTable_vekiRShiftC_16s_C1IR[level](c, p, step, roi);
-    }, referenceRightShift<Vek16s>);
+    runInPlace<Vek16s>(
+        shiftCount,
+        [](int level, Vek32u c, Vek16s* p, int step, VekiSize roi) {
+            return vekTable_vekiRShiftC_16s_C1IR[level](c, p, step, roi);
+        },
+        referenceRightShift<Vek16s>);
 });
 VEK_DIFF_CASE(vekiRShiftC_32s_C1IR, [] {
-    runInPlace<Vek32s>(shiftCount, [](int level, Vek32u c, Vek32s* p, int step, VekiSize roi) {
-        return vekTable_vekiRShiftC_32s_C1IR[level](c, p, step, roi);
-    }, referenceRightShift<Vek32s>);
+    runInPlace<Vek32s>(
+        shiftCount,
+        [](int level, Vek32u c, Vek32s* p, int step, VekiSize roi) {
+            return vekTable_vekiRShiftC_32s_C1IR[level](c, p, step, roi);
+        },
+        referenceRightShift<Vek32s>);
 });
 VEK_DIFF_CASE(vekiMulC_16s_C1IRSfs, [] {
     static const int scales[] = {-20, -16, -15, -3, -1, 0, 1, 2, 3, 8, 15, 16, 17, 31};
-    runInPlace<Vek16s>([] { return ScaledConstant{randomValue<Vek16s>(), scales[rng()() % (sizeof scales / sizeof *scales)]}; },
+    runInPlace<Vek16s>(
+        [] {
+            return ScaledConstant{randomValue<Vek16s>(), scales[rng()() % (sizeof scales / sizeof *scales)]};
+        },
         [](int level, ScaledConstant c, Vek16s* p, int step, VekiSize roi) {
             return vekTable_vekiMulC_16s_C1IRSfs[level](c.value, p, step, roi, c.scaleFactor);
-        }, referenceMulC);
+        },
+        referenceMulC);
 });
 VEK_DIFF_CASE(vekiMulC_32f_C1IR, [] {
-    runInPlace<Vek32f>(floatSample, [](int level, Vek32f v, Vek32f* p, int step, VekiSize roi) {
-        return vekTable_vekiMulC_32f_C1IR[level](v, p, step, roi);
-    }, [](Vek32f x, Vek32f v) {  // the product rounded once (48 bits fit in a double)
-        return static_cast<Vek32f>(static_cast<double>(x) * v);
-    });
+    runInPlace<Vek32f>(
+        floatSample,
+        [](int level, Vek32f v, Vek32f* p, int step, VekiSize roi) {
+            return vekTable_vekiMulC_32f_C1IR[level](v, p, step, roi);
+        },
+        [](Vek32f x, Vek32f v) {  // the product rounded once (48 bits fit in a double)
+            return static_cast<Vek32f>(static_cast<double>(x) * v);
+        });
 });
 VEK_DIFF_CASE(vekiComplement_32s_C1IR, [] {
-    runInPlace<Vek32s>([] { return 1 + int(rng()() % 32); }, [](int level, int bits, Vek32s* p, int step, VekiSize roi) {
-        return vekTable_vekiComplement_32s_C1IR[level](p, step, roi, bits);
-    }, referenceSignExtend);
+    runInPlace<Vek32s>([] { return 1 + int(rng()() % 32); },
+                       [](int level, int bits, Vek32s* p, int step, VekiSize roi) {
+                           return vekTable_vekiComplement_32s_C1IR[level](p, step, roi, bits);
+                       },
+                       referenceSignExtend);
 });
 
 // ---- the rules at entry, on every level ------------------------------------------
@@ -253,7 +293,9 @@ void checkConvertEntry(const Fn* table, int level) {
     D dst[24];
     memset(dst, kGuard, sizeof dst);
     const int ss = 4 * sizeof(S) * 3, ds = 4 * sizeof(D) * 3;
-    auto call = [&](const S* s, int sStep, D* d, int dStep, VekiSize roi) { return table[level](s, sStep, d, dStep, roi); };
+    auto call = [&](const S* s, int sStep, D* d, int dStep, VekiSize roi) {
+        return table[level](s, sStep, d, dStep, roi);
+    };
     EXPECT_EQ(call(nullptr, ss, dst, ds, {2, 2}), StatusNullPointer);
     EXPECT_EQ(call(src, ss, nullptr, ds, {2, 2}), StatusNullPointer);
     EXPECT_EQ(call(nullptr, 0, dst, 0, {0, 0}), StatusNullPointer);  // pointers first
@@ -283,28 +325,37 @@ void checkInPlaceEntry(Call call) {
 
 TEST(ImageConvertEntry, PointersThenSizesThenStepsAndNothingWritten) {
     onEveryLevel([](int level) {
-#define VEK_CHECK(codes)                                                  \
+#define VEK_CHECK(codes)                                          \
     checkConvertEntry(vekTable_vekiConvert_##codes##_C1R, level); \
     checkConvertEntry(vekTable_vekiConvert_##codes##_C3R, level);
-        VEK_CHECK(8u16u) VEK_CHECK(8u16s) VEK_CHECK(8u32s) VEK_CHECK(8u32f) VEK_CHECK(16u32s) VEK_CHECK(16u32f)
-        VEK_CHECK(16s32s) VEK_CHECK(16s32f) VEK_CHECK(32s8u) VEK_CHECK(16s8u) VEK_CHECK(16u8u) VEK_CHECK(32f8u)
-        VEK_CHECK(32f16s) VEK_CHECK(32f16u)
+        VEK_CHECK(8u16u)
+        VEK_CHECK(8u16s) VEK_CHECK(8u32s) VEK_CHECK(8u32f) VEK_CHECK(16u32s) VEK_CHECK(16u32f) VEK_CHECK(16s32s)
+            VEK_CHECK(16s32f) VEK_CHECK(32s8u) VEK_CHECK(16s8u) VEK_CHECK(16u8u) VEK_CHECK(32f8u) VEK_CHECK(32f16s)
+                VEK_CHECK(32f16u)
 #undef VEK_CHECK
-        // The left shift with two images checks like a conversion.
-        Vek32s src[8] = {}, dst[8] = {7, 7, 7, 7, 7, 7, 7, 7};
+            // The left shift with two images checks like a conversion.
+            Vek32s src[8] = {},
+                   dst[8] = {7, 7, 7, 7, 7, 7, 7, 7};
         EXPECT_EQ(vekTable_vekiLShiftC_32s_C1R[level](nullptr, 16, 1, dst, 16, {2, 2}), StatusNullPointer);
         EXPECT_EQ(vekTable_vekiLShiftC_32s_C1R[level](src, 16, 1, dst, 16, {2, 0}), StatusSize);
         EXPECT_EQ(vekTable_vekiLShiftC_32s_C1R[level](src, 16, 1, dst, 0, {2, 2}), StatusStep);
         for (Vek32s v : dst) EXPECT_EQ(v, 7);
 
-        checkInPlaceEntry<Vek32s>([&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiLShiftC_32s_C1IR[level](3, p, s, r); });
-        checkInPlaceEntry<Vek16s>([&](Vek16s* p, int s, VekiSize r) { return vekTable_vekiRShiftC_16s_C1IR[level](3, p, s, r); });
-        checkInPlaceEntry<Vek32s>([&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiRShiftC_32s_C1IR[level](3, p, s, r); });
-        checkInPlaceEntry<Vek16s>([&](Vek16s* p, int s, VekiSize r) { return vekTable_vekiMulC_16s_C1IRSfs[level](3, p, s, r, 1); });
-        checkInPlaceEntry<Vek32f>([&](Vek32f* p, int s, VekiSize r) { return vekTable_vekiMulC_32f_C1IR[level](3, p, s, r); });
-        checkInPlaceEntry<Vek32s>([&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiComplement_32s_C1IR[level](p, s, r, 8); });
+        checkInPlaceEntry<Vek32s>(
+            [&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiLShiftC_32s_C1IR[level](3, p, s, r); });
+        checkInPlaceEntry<Vek16s>(
+            [&](Vek16s* p, int s, VekiSize r) { return vekTable_vekiRShiftC_16s_C1IR[level](3, p, s, r); });
+        checkInPlaceEntry<Vek32s>(
+            [&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiRShiftC_32s_C1IR[level](3, p, s, r); });
+        checkInPlaceEntry<Vek16s>(
+            [&](Vek16s* p, int s, VekiSize r) { return vekTable_vekiMulC_16s_C1IRSfs[level](3, p, s, r, 1); });
+        checkInPlaceEntry<Vek32f>(
+            [&](Vek32f* p, int s, VekiSize r) { return vekTable_vekiMulC_32f_C1IR[level](3, p, s, r); });
+        checkInPlaceEntry<Vek32s>(
+            [&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiComplement_32s_C1IR[level](p, s, r, 8); });
         // The bit size comes last.
-        checkInPlaceEntry<Vek32s>([&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiComplement_32s_C1IR[level](p, s, r, 0); });
+        checkInPlaceEntry<Vek32s>(
+            [&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiComplement_32s_C1IR[level](p, s, r, 0); });
         Vek32s image[4] = {1, 2, 3, 4};
         EXPECT_EQ(vekTable_vekiComplement_32s_C1IR[level](image, 16, {4, 1}, 0), StatusOutOfRange);
         EXPECT_EQ(vekTable_vekiComplement_32s_C1IR[level](image, 16, {4, 1}, 33), StatusOutOfRange);
@@ -323,10 +374,12 @@ std::vector<D> convertRow(const Fn* table, int level, const std::vector<Vek32f>&
 }
 
 TEST(ImageConvertBehaviour, FloatsRoundHalfToEvenSaturateAndNaNIsZero) {
-    const std::vector<Vek32f> in = {2.5f, 3.5f, -0.5f, 0.5f, 1.5f, 254.5f, 255.5f, 0.49999997f, NAN, INFINITY,
-                                    -INFINITY, -32768.5f, 32767.5f, 65534.5f, 65535.5f, -1.5f, 1e-40f};
+    const std::vector<Vek32f> in = {2.5f,     3.5f,        -0.5f,    0.5f,     1.5f,      254.5f,
+                                    255.5f,   0.49999997f, NAN,      INFINITY, -INFINITY, -32768.5f,
+                                    32767.5f, 65534.5f,    65535.5f, -1.5f,    1e-40f};
     const std::vector<Vek8u> want8u = {2, 4, 0, 0, 2, 254, 255, 0, 0, 255, 0, 0, 255, 255, 255, 0, 0};
-    const std::vector<Vek16s> want16s = {2, 4, 0, 0, 2, 254, 256, 0, 0, 32767, -32768, -32768, 32767, 32767, 32767, -2, 0};
+    const std::vector<Vek16s> want16s = {2,     4,      0,      0,     2,     254,   256, 0, 0,
+                                         32767, -32768, -32768, 32767, 32767, 32767, -2,  0};
     const std::vector<Vek16u> want16u = {2, 4, 0, 0, 2, 254, 256, 0, 0, 65535, 0, 0, 32768, 65534, 65535, 0, 0};
     onEveryLevel([&](int level) {
         EXPECT_EQ(convertRow<Vek8u>(vekTable_vekiConvert_32f8u_C1R, level, in), want8u);
@@ -348,7 +401,8 @@ TEST(ImageConvertBehaviour, RoundingIgnoresTheCallersRoundingMode) {
             const std::vector<Vek16s> got16 = convertRow<Vek16s>(vekTable_vekiConvert_32f16s_C1R, level, in);
             fesetround(saved);
             EXPECT_EQ(got8, want) << "mode " << mode;
-            for (size_t i = 0; i < in.size(); ++i) ASSERT_EQ(got16[i], referenceConvert<Vek16s>(in[i])) << in[i] << " mode " << mode;
+            for (size_t i = 0; i < in.size(); ++i)
+                ASSERT_EQ(got16[i], referenceConvert<Vek16s>(in[i])) << in[i] << " mode " << mode;
         });
     }
 }

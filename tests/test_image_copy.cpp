@@ -7,7 +7,8 @@ namespace vektest {
 namespace {
 
 // Widths around the vector blocks (16 bytes, 48 bytes) of every sample size.
-const int kWidths[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 15, 16, 17, 20, 23, 24, 25, 31, 32, 33, 47, 48, 49, 63, 64, 65, 100};
+const int kWidths[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  11, 12, 13, 15, 16, 17,
+                       20, 23, 24, 25, 31, 32, 33, 47, 48, 49, 63, 64, 65, 100};
 
 // Every width with a random height, then random larger regions.
 template <class Body>
@@ -42,9 +43,9 @@ void diffCopy(const Fn* table, int channels) {
     forRegions([&](VekiSize roi) {
         GuardedImage<T> src(roi.width * channels, roi.height, inputLayout<T>());
         GuardedImage<T> dst(roi.width * channels, roi.height, randomLayout<T>(true));
-        compareImageLevels(dst, [&](int level) {
-            return table[level](src.origin(), src.step(), dst.origin(), dst.step(), roi);
-        }, describe(roi, src.layout(), dst.layout()));
+        compareImageLevels(
+            dst, [&](int level) { return table[level](src.origin(), src.step(), dst.origin(), dst.step(), roi); },
+            describe(roi, src.layout(), dst.layout()));
     });
 }
 VEK_DIFF_CASE(vekiCopy_8u_C1R, [] { diffCopy<Vek8u>(vekTable_vekiCopy_8u_C1R, 1); });
@@ -61,8 +62,9 @@ void diffPlanarToInterleaved(const Fn* table) {
         GuardedImage<T> a(roi.width, roi.height, in), b(roi.width, roi.height, in), c(roi.width, roi.height, in);
         const T* planes[3] = {a.origin(), b.origin(), c.origin()};
         GuardedImage<T> dst(3 * roi.width, roi.height, randomLayout<T>(true));
-        compareImageLevels(dst, [&](int level) { return table[level](planes, a.step(), dst.origin(), dst.step(), roi); },
-                           describe(roi, in, dst.layout()));
+        compareImageLevels(
+            dst, [&](int level) { return table[level](planes, a.step(), dst.origin(), dst.step(), roi); },
+            describe(roi, in, dst.layout()));
     });
 }
 VEK_DIFF_CASE(vekiCopy_8u_P3C3R, [] { diffPlanarToInterleaved<Vek8u>(vekTable_vekiCopy_8u_P3C3R); });
@@ -77,9 +79,12 @@ VEK_DIFF_CASE(vekiCopy_32f_C3P3R, [] {
         GuardedImage<Vek32f> planes(roi.width, 3 * roi.height, out);
         // Plane c is rows c, c + 3, c + 6 ... of it.
         Vek32f* dst[3] = {planes.row(0), planes.row(1), planes.row(2)};
-        compareImageLevels(planes, [&](int level) {
-            return vekTable_vekiCopy_32f_C3P3R[level](src.origin(), src.step(), dst, 3 * planes.step(), roi);
-        }, describe(roi, src.layout(), out));
+        compareImageLevels(
+            planes,
+            [&](int level) {
+                return vekTable_vekiCopy_32f_C3P3R[level](src.origin(), src.step(), dst, 3 * planes.step(), roi);
+            },
+            describe(roi, src.layout(), out));
     });
 });
 
@@ -96,13 +101,17 @@ TEST(ImageCopy, LargePlanarToInterleavedMatchesLevelZero) {
         out.paddingBytes = 3 * padding;
         out.misalignBytes = 5;
         GuardedImage<Vek8u> dst(3 * roi.width, roi.height, out);
-        compareImageLevels(dst, [&](int level) {
-            return vekTable_vekiCopy_8u_P3C3R[level](planes, a.step(), dst.origin(), dst.step(), roi);
-        }, "padding " + std::to_string(padding));
+        compareImageLevels(
+            dst,
+            [&](int level) {
+                return vekTable_vekiCopy_8u_P3C3R[level](planes, a.step(), dst.origin(), dst.step(), roi);
+            },
+            "padding " + std::to_string(padding));
         for (int y = 0; y < roi.height; y += 97)
             for (int x = 0; x < roi.width; ++x)
                 ASSERT_TRUE(dst.at(3 * x, y) == a.at(x, y) && dst.at(3 * x + 1, y) == b.at(x, y) &&
-                            dst.at(3 * x + 2, y) == c.at(x, y)) << x << "," << y;
+                            dst.at(3 * x + 2, y) == c.at(x, y))
+                    << x << "," << y;
     }
 }
 
@@ -113,8 +122,9 @@ void diffSet(const Fn* table) {
     forRegions([&](VekiSize roi) {
         GuardedImage<T> dst(roi.width, roi.height, randomLayout<T>(true));
         const T value = randomValue<T>();
-        compareImageLevels(dst, [&](int level) { return table[level](value, dst.origin(), dst.step(), roi); },
-                           describe(roi, {}, dst.layout()));
+        compareImageLevels(
+            dst, [&](int level) { return table[level](value, dst.origin(), dst.step(), roi); },
+            describe(roi, {}, dst.layout()));
     });
 }
 VEK_DIFF_CASE(vekiSet_8u_C1R, [] { diffSet<Vek8u>(vekTable_vekiSet_8u_C1R); });
@@ -127,9 +137,10 @@ VEK_DIFF_CASE(vekiSet_8u_C3CR, [] {
         GuardedImage<Vek8u> dst(3 * roi.width, roi.height, randomLayout<Vek8u>(true));
         const int channel = rng()() % 3;
         const Vek8u value = randomValue<Vek8u>();
-        compareImageLevels(dst, [&](int level) {
-            return vekTable_vekiSet_8u_C3CR[level](value, dst.origin() + channel, dst.step(), roi);
-        }, describe(roi, {}, dst.layout()) + " channel " + std::to_string(channel));
+        compareImageLevels(
+            dst,
+            [&](int level) { return vekTable_vekiSet_8u_C3CR[level](value, dst.origin() + channel, dst.step(), roi); },
+            describe(roi, {}, dst.layout()) + " channel " + std::to_string(channel));
     });
 });
 
@@ -141,9 +152,10 @@ void diffMirror(const Fn* table) {
         for (int flip = 0; flip < 3; ++flip) {
             GuardedImage<T> src(roi.width * C, roi.height, inputLayout<T>());
             GuardedImage<T> dst(roi.width * C, roi.height, randomLayout<T>(true));
-            compareImageLevels(dst, [&](int level) {
-                return table[level](src.origin(), src.step(), dst.origin(), dst.step(), roi, flip);
-            }, describe(roi, src.layout(), dst.layout()) + " flip " + std::to_string(flip));
+            compareImageLevels(
+                dst,
+                [&](int level) { return table[level](src.origin(), src.step(), dst.origin(), dst.step(), roi, flip); },
+                describe(roi, src.layout(), dst.layout()) + " flip " + std::to_string(flip));
         }
     });
 }
@@ -152,12 +164,13 @@ void diffMirrorInPlace(const Fn* table) {
     forRegions([&](VekiSize roi) {
         for (int flip = 0; flip < 3; ++flip) {
             GuardedImage<T> image(roi.width * C, roi.height, randomLayout<T>(true));
-            compareImageLevels(image, [&](int level) { return table[level](image.origin(), image.step(), roi, flip); },
-                               describe(roi, image.layout(), image.layout()) + " flip " + std::to_string(flip));
+            compareImageLevels(
+                image, [&](int level) { return table[level](image.origin(), image.step(), roi, flip); },
+                describe(roi, image.layout(), image.layout()) + " flip " + std::to_string(flip));
         }
     });
 }
-#define VEK_MIRROR_CASES(Suffix, T, C)                                                               \
+#define VEK_MIRROR_CASES(Suffix, T, C)                                                                \
     VEK_DIFF_CASE(vekiMirror_##Suffix##R, [] { diffMirror<T, C>(vekTable_vekiMirror_##Suffix##R); }); \
     VEK_DIFF_CASE(vekiMirror_##Suffix##IR, [] { diffMirrorInPlace<T, C>(vekTable_vekiMirror_##Suffix##IR); });
 VEK_MIRROR_CASES(8u_C1, Vek8u, 1)
@@ -184,9 +197,13 @@ VEK_DIFF_CASE(vekiSwapChannels_8u_C3R, [] {
         GuardedImage<Vek8u> dst(3 * roi.width, roi.height, randomLayout<Vek8u>(true));
         int order[3];
         randomOrder(order);
-        compareImageLevels(dst, [&](int level) {
-            return vekTable_vekiSwapChannels_8u_C3R[level](src.origin(), src.step(), dst.origin(), dst.step(), roi, order);
-        }, describe(roi, src.layout(), dst.layout()));
+        compareImageLevels(
+            dst,
+            [&](int level) {
+                return vekTable_vekiSwapChannels_8u_C3R[level](src.origin(), src.step(), dst.origin(), dst.step(), roi,
+                                                               order);
+            },
+            describe(roi, src.layout(), dst.layout()));
     });
 });
 VEK_DIFF_CASE(vekiSwapChannels_8u_C3IR, [] {
@@ -194,9 +211,12 @@ VEK_DIFF_CASE(vekiSwapChannels_8u_C3IR, [] {
         GuardedImage<Vek8u> image(3 * roi.width, roi.height, randomLayout<Vek8u>(true));
         int order[3];
         randomOrder(order);
-        compareImageLevels(image, [&](int level) {
-            return vekTable_vekiSwapChannels_8u_C3IR[level](image.origin(), image.step(), roi, order);
-        }, describe(roi, image.layout(), image.layout()));
+        compareImageLevels(
+            image,
+            [&](int level) {
+                return vekTable_vekiSwapChannels_8u_C3IR[level](image.origin(), image.step(), roi, order);
+            },
+            describe(roi, image.layout(), image.layout()));
     });
 });
 
@@ -204,7 +224,8 @@ VEK_DIFF_CASE(vekiSwapChannels_8u_C3IR, [] {
 
 VekiSize randomBorderedSize(VekiSize src, int& top, int& left) {
     top = rng()() % 6, left = rng()() % 20;
-    return VekiSize{src.width + left + static_cast<int>(rng()() % 20), src.height + top + static_cast<int>(rng()() % 6)};
+    return VekiSize{src.width + left + static_cast<int>(rng()() % 20),
+                    src.height + top + static_cast<int>(rng()() % 6)};
 }
 
 VEK_DIFF_CASE(vekiCopyReplicateBorder_32s_C1R, [] {
@@ -213,10 +234,13 @@ VEK_DIFF_CASE(vekiCopyReplicateBorder_32s_C1R, [] {
         const VekiSize dstRoi = randomBorderedSize(roi, top, left);
         GuardedImage<Vek32s> src(roi.width, roi.height, inputLayout<Vek32s>());
         GuardedImage<Vek32s> dst(dstRoi.width, dstRoi.height, randomLayout<Vek32s>());
-        compareImageLevels(dst, [&](int level) {
-            return vekTable_vekiCopyReplicateBorder_32s_C1R[level](src.origin(), src.step(), roi, dst.origin(), dst.step(),
-                                                                   dstRoi, top, left);
-        }, describe(roi, src.layout(), dst.layout()));
+        compareImageLevels(
+            dst,
+            [&](int level) {
+                return vekTable_vekiCopyReplicateBorder_32s_C1R[level](src.origin(), src.step(), roi, dst.origin(),
+                                                                       dst.step(), dstRoi, top, left);
+            },
+            describe(roi, src.layout(), dst.layout()));
     });
 });
 
@@ -323,14 +347,16 @@ TEST(ImageCopy, PlainSwapAndBorderFollowTheFormulas) {
 
         int top, left;
         const VekiSize outer = randomBorderedSize(roi, top, left);
-        GuardedImage<Vek32s> inner(w, h, inputLayout<Vek32s>()), bordered(outer.width, outer.height, randomLayout<Vek32s>());
+        GuardedImage<Vek32s> inner(w, h, inputLayout<Vek32s>()),
+            bordered(outer.width, outer.height, randomLayout<Vek32s>());
         ASSERT_EQ(vekTable_vekiCopyReplicateBorder_32s_C1R[0](inner.origin(), inner.step(), roi, bordered.origin(),
                                                               bordered.step(), outer, top, left),
                   StatusOk);
         auto clampTo = [](int v, int hi) { return v < 0 ? 0 : (v > hi ? hi : v); };
         for (int y = 0; y < outer.height; ++y)
             for (int x = 0; x < outer.width; ++x)
-                ASSERT_EQ(bordered.at(x, y), inner.at(clampTo(x - left, w - 1), clampTo(y - top, h - 1))) << x << "," << y;
+                ASSERT_EQ(bordered.at(x, y), inner.at(clampTo(x - left, w - 1), clampTo(y - top, h - 1)))
+                    << x << "," << y;
     });
 }
 
@@ -381,28 +407,55 @@ TEST(ImageCopy, MirrorChecksFlipAfterPointersAndSizeThenSizePerFlip) {
         return vekTable_vekiMirror_16s_C3IR[level](dst.origin(), dst.step(), roi, flip);
     };
     for (int flip : {3, -1, 100}) {
-        expectRejectedOnEveryLevel(dst, StatusMirrorFlip, [&](int l) { return mirror(l, {2, 2}, flip); }, "flip");
-        expectRejectedOnEveryLevel(dst, StatusMirrorFlip, [&](int l) { return inPlace(l, {2, 2}, flip); }, "flip");
-        expectRejectedOnEveryLevel(dst, StatusSize, [&](int l) { return mirror(l, {0, 2}, flip); }, "size first");
-        expectRejectedOnEveryLevel(dst, StatusNullPointer, [&](int l) {
-            return vekTable_vekiMirror_16s_C3R[l](nullptr, s, dst.origin(), dst.step(), VekiSize{0, 0}, flip);
-        }, "pointer first");
-        expectRejectedOnEveryLevel(dst, StatusNullPointer, [&](int l) {
-            return vekTable_vekiMirror_16s_C3IR[l](nullptr, s, VekiSize{2, 2}, flip);
-        }, "pointer first");
+        expectRejectedOnEveryLevel(
+            dst, StatusMirrorFlip,
+            [&](int l) {
+                return mirror(l, {2, 2}, flip);
+            },
+            "flip");
+        expectRejectedOnEveryLevel(
+            dst, StatusMirrorFlip,
+            [&](int l) {
+                return inPlace(l, {2, 2}, flip);
+            },
+            "flip");
+        expectRejectedOnEveryLevel(
+            dst, StatusSize,
+            [&](int l) {
+                return mirror(l, {0, 2}, flip);
+            },
+            "size first");
+        expectRejectedOnEveryLevel(
+            dst, StatusNullPointer,
+            [&](int l) {
+                return vekTable_vekiMirror_16s_C3R[l](nullptr, s, dst.origin(), dst.step(), VekiSize{0, 0}, flip);
+            },
+            "pointer first");
+        expectRejectedOnEveryLevel(
+            dst, StatusNullPointer,
+            [&](int l) {
+                return vekTable_vekiMirror_16s_C3IR[l](nullptr, s, VekiSize{2, 2}, flip);
+            },
+            "pointer first");
     }
     // One row cannot flip about the horizontal axis, one column not about
     // the vertical one; both need two of each.
-    const struct { VekiSize roi; int flip; VekStatus status; } rules[] = {
+    const struct {
+        VekiSize roi;
+        int flip;
+        VekStatus status;
+    } rules[] = {
         {{2, 1}, 0, StatusSize}, {{1, 2}, 0, StatusOk},   {{1, 2}, 1, StatusSize}, {{2, 1}, 1, StatusOk},
         {{2, 1}, 2, StatusSize}, {{1, 2}, 2, StatusSize}, {{2, 2}, 2, StatusOk},   {{1, 1}, 0, StatusSize},
     };
     for (const auto& r : rules) {
-        const std::string what = std::to_string(r.roi.width) + "x" + std::to_string(r.roi.height) + " flip " +
-                                 std::to_string(r.flip);
+        const std::string what =
+            std::to_string(r.roi.width) + "x" + std::to_string(r.roi.height) + " flip " + std::to_string(r.flip);
         if (r.status != StatusOk) {
-            expectRejectedOnEveryLevel(dst, r.status, [&](int l) { return mirror(l, r.roi, r.flip); }, what);
-            expectRejectedOnEveryLevel(dst, r.status, [&](int l) { return inPlace(l, r.roi, r.flip); }, what);
+            expectRejectedOnEveryLevel(
+                dst, r.status, [&](int l) { return mirror(l, r.roi, r.flip); }, what);
+            expectRejectedOnEveryLevel(
+                dst, r.status, [&](int l) { return inPlace(l, r.roi, r.flip); }, what);
         } else {
             for (int level : availableLevels()) {
                 EXPECT_EQ(mirror(level, r.roi, r.flip), StatusOk) << what;
@@ -417,44 +470,68 @@ TEST(ImageCopy, SwapChannelsRejectsAnOrderOutsideTheChannels) {
     const int badOrders[][3] = {{0, 1, 3}, {-1, 1, 2}, {2, 1, 1000}};
     const int good[3] = {2, 1, 0};
     for (const auto& order : badOrders) {
-        expectRejectedOnEveryLevel(dst, StatusChannelOrder, [&](int l) {
-            return vekTable_vekiSwapChannels_8u_C3R[l](src.origin(), src.step(), dst.origin(), dst.step(), VekiSize{3, 2},
-                                                       order);
-        }, "order");
-        expectRejectedOnEveryLevel(dst, StatusChannelOrder, [&](int l) {
-            return vekTable_vekiSwapChannels_8u_C3IR[l](dst.origin(), dst.step(), VekiSize{3, 2}, order);
-        }, "order in place");
-        expectRejectedOnEveryLevel(dst, StatusSize, [&](int l) {
-            return vekTable_vekiSwapChannels_8u_C3IR[l](dst.origin(), dst.step(), VekiSize{0, 2}, order);
-        }, "size before order");
+        expectRejectedOnEveryLevel(
+            dst, StatusChannelOrder,
+            [&](int l) {
+                return vekTable_vekiSwapChannels_8u_C3R[l](src.origin(), src.step(), dst.origin(), dst.step(),
+                                                           VekiSize{3, 2}, order);
+            },
+            "order");
+        expectRejectedOnEveryLevel(
+            dst, StatusChannelOrder,
+            [&](int l) {
+                return vekTable_vekiSwapChannels_8u_C3IR[l](dst.origin(), dst.step(), VekiSize{3, 2}, order);
+            },
+            "order in place");
+        expectRejectedOnEveryLevel(
+            dst, StatusSize,
+            [&](int l) {
+                return vekTable_vekiSwapChannels_8u_C3IR[l](dst.origin(), dst.step(), VekiSize{0, 2}, order);
+            },
+            "size before order");
     }
-    expectRejectedOnEveryLevel(dst, StatusNullPointer, [&](int l) {
-        return vekTable_vekiSwapChannels_8u_C3R[l](src.origin(), src.step(), dst.origin(), dst.step(), VekiSize{3, 2},
-                                                   nullptr);
-    }, "null order");
-    expectRejectedOnEveryLevel(dst, StatusNullPointer, [&](int l) {
-        return vekTable_vekiSwapChannels_8u_C3IR[l](nullptr, dst.step(), VekiSize{0, 2}, good);
-    }, "null image");
+    expectRejectedOnEveryLevel(
+        dst, StatusNullPointer,
+        [&](int l) {
+            return vekTable_vekiSwapChannels_8u_C3R[l](src.origin(), src.step(), dst.origin(), dst.step(),
+                                                       VekiSize{3, 2}, nullptr);
+        },
+        "null order");
+    expectRejectedOnEveryLevel(
+        dst, StatusNullPointer,
+        [&](int l) {
+            return vekTable_vekiSwapChannels_8u_C3IR[l](nullptr, dst.step(), VekiSize{0, 2}, good);
+        },
+        "null image");
 }
 
 TEST(ImageCopy, BorderRejectsNegativeBordersAndSmallDestinations) {
     GuardedImage<Vek32s> src(4, 3), dst(10, 8);
-    const struct { VekiSize srcRoi, dstRoi; int top, left; } bad[] = {
+    const struct {
+        VekiSize srcRoi, dstRoi;
+        int top, left;
+    } bad[] = {
         {{4, 3}, {10, 8}, -1, 0}, {{4, 3}, {10, 8}, 0, -1}, {{4, 3}, {10, 8}, 6, 0}, {{4, 3}, {10, 8}, 0, 7},
         {{4, 3}, {3, 8}, 0, 0},   {{0, 3}, {10, 8}, 0, 0},  {{4, 3}, {10, 0}, 0, 0}, {{4, 3}, {10, 8}, 1, 2147483647},
     };
     for (const auto& b : bad)
-        expectRejectedOnEveryLevel(dst, StatusSize, [&](int l) {
-            return vekTable_vekiCopyReplicateBorder_32s_C1R[l](src.origin(), src.step(), b.srcRoi, dst.origin(), dst.step(),
-                                                               b.dstRoi, b.top, b.left);
-        }, "border " + std::to_string(b.top) + "," + std::to_string(b.left));
-    expectRejectedOnEveryLevel(dst, StatusNullPointer, [&](int l) {
-        return vekTable_vekiCopyReplicateBorder_32s_C1R[l](nullptr, src.step(), VekiSize{0, 0}, dst.origin(), dst.step(),
-                                                           VekiSize{10, 8}, -1, 0);
-    }, "pointer first");
+        expectRejectedOnEveryLevel(
+            dst, StatusSize,
+            [&](int l) {
+                return vekTable_vekiCopyReplicateBorder_32s_C1R[l](src.origin(), src.step(), b.srcRoi, dst.origin(),
+                                                                   dst.step(), b.dstRoi, b.top, b.left);
+            },
+            "border " + std::to_string(b.top) + "," + std::to_string(b.left));
+    expectRejectedOnEveryLevel(
+        dst, StatusNullPointer,
+        [&](int l) {
+            return vekTable_vekiCopyReplicateBorder_32s_C1R[l](nullptr, src.step(), VekiSize{0, 0}, dst.origin(),
+                                                               dst.step(), VekiSize{10, 8}, -1, 0);
+        },
+        "pointer first");
     for (int level : availableLevels())  // exactly fitting: no right or bottom border
-        EXPECT_EQ(vekTable_vekiCopyReplicateBorder_32s_C1R[level](src.origin(), src.step(), VekiSize{4, 3}, dst.origin(),
-                                                                  dst.step(), VekiSize{10, 8}, 5, 6),
+        EXPECT_EQ(vekTable_vekiCopyReplicateBorder_32s_C1R[level](src.origin(), src.step(), VekiSize{4, 3},
+                                                                  dst.origin(), dst.step(), VekiSize{10, 8}, 5, 6),
                   StatusOk);
 }
 

@@ -13,9 +13,9 @@ namespace vektest {
 namespace {
 
 const int kShifts[] = {INT_MIN, -100, -1, 0, 1, 2, 7, 8, 14, 15, 16, 17, 30, 31, 32, 33, 100, INT_MAX};
-const int kScales[] = {INT_MIN, -1000, -201, -200, -181, -180, -150, -128, -127, -126, -100, -31, -24, -1, 0,
-                       1,       2,     23,   31,   100,  126,  127,  128,  129,  149,  150,  172, 180, 200, 201,
-                       1000,    INT_MAX};
+const int kScales[] = {INT_MIN, -1000, -201, -200, -181, -180, -150, -128, -127, -126,   -100,
+                       -31,     -24,   -1,   0,    1,    2,    23,   31,   100,  126,    127,
+                       128,     129,   149,  150,  172,  180,  200,  201,  1000, INT_MAX};
 
 template <class T, size_t N>
 T pick(const T (&options)[N]) {
@@ -47,12 +47,16 @@ void diffUnary(Param param, Call call, Vek32f (*randomSource)() = nullptr) {
             const int offset = rng()() % 8, parameter = param();
             InputArray<S> src(len, offset);
             for (int i = 0; i < len; ++i) {
-                if constexpr (std::is_floating_point_v<S>) src[i] = randomSource ? randomSource() : randomValue<S>();
-                else src[i] = randomValue<S>();
+                if constexpr (std::is_floating_point_v<S>)
+                    src[i] = randomSource ? randomSource() : randomValue<S>();
+                else
+                    src[i] = randomValue<S>();
             }
             GuardedArray<D> dst(len, (offset + 3) % 8);
-            compareLevels(dst, randomVector<D>(len), [&](int level) { return int(call(level, src.data(), dst.data(), len, parameter)); },
-                          describe(len, parameter, offset));
+            compareLevels(
+                dst, randomVector<D>(len),
+                [&](int level) { return int(call(level, src.data(), dst.data(), len, parameter)); },
+                describe(len, parameter, offset));
         }
 }
 
@@ -63,23 +67,25 @@ void diffInPlace(Param param, Call call) {
         for (int len : testLengths()) {
             const int offset = rng()() % 8, parameter = param();
             GuardedArray<T> data(len, offset);
-            compareLevels(data, randomVector<T>(len), [&](int level) { return int(call(level, data.data(), len, parameter)); },
-                          describe(len, parameter, offset));
+            compareLevels(
+                data, randomVector<T>(len), [&](int level) { return int(call(level, data.data(), len, parameter)); },
+                describe(len, parameter, offset));
         }
 }
 
 auto anyShift = [] { return pick(kShifts); };
 auto anyScale = [] { return pick(kScales); };
 
-#define VEK_SHIFT_DIFF(name, T)                                                                              \
-    VEK_DIFF_CASE(name, [] {                                                                                \
-        diffUnary<T, T>(anyShift, [](int level, const T* s, T* d, int len, int shift) {                    \
-            return vekTable_##name[level](s, shift, d, len);                                                \
-        });                                                                                                 \
+#define VEK_SHIFT_DIFF(name, T)                                                         \
+    VEK_DIFF_CASE(name, [] {                                                            \
+        diffUnary<T, T>(anyShift, [](int level, const T* s, T* d, int len, int shift) { \
+            return vekTable_##name[level](s, shift, d, len);                            \
+        });                                                                             \
     })
-#define VEK_SHIFT_I_DIFF(name, T)                                                                            \
-    VEK_DIFF_CASE(name, [] {                                                                                \
-        diffInPlace<T>(anyShift, [](int level, T* d, int len, int shift) { return vekTable_##name[level](shift, d, len); }); \
+#define VEK_SHIFT_I_DIFF(name, T)                                                                                  \
+    VEK_DIFF_CASE(name, [] {                                                                                       \
+        diffInPlace<T>(anyShift,                                                                                   \
+                       [](int level, T* d, int len, int shift) { return vekTable_##name[level](shift, d, len); }); \
     })
 VEK_SHIFT_DIFF(veksLShiftC_16s, Vek16s);
 VEK_SHIFT_I_DIFF(veksLShiftC_16s_I, Vek16s);
@@ -90,11 +96,14 @@ VEK_SHIFT_DIFF(veksRShiftC_32s, Vek32s);
 VEK_SHIFT_I_DIFF(veksRShiftC_32s_I, Vek32s);
 
 auto noParameter = [] { return 0; };
-#define VEK_CONVERT_DIFF(name, S, D, param, ...)                                                             \
-    VEK_DIFF_CASE(name, [] {                                                                                \
-        diffUnary<S, D>(param, [](int level, const S* s, D* d, int len, [[maybe_unused]] int p) {            \
-            return vekTable_##name[level](s, d, len __VA_ARGS__);                                           \
-        }, randomFloat);                                                                                    \
+#define VEK_CONVERT_DIFF(name, S, D, param, ...)                               \
+    VEK_DIFF_CASE(name, [] {                                                   \
+        diffUnary<S, D>(                                                       \
+            param,                                                             \
+            [](int level, const S* s, D* d, int len, [[maybe_unused]] int p) { \
+                return vekTable_##name[level](s, d, len __VA_ARGS__);          \
+            },                                                                 \
+            randomFloat);                                                      \
     })
 VEK_CONVERT_DIFF(veksConvert_16s32s, Vek16s, Vek32s, noParameter);
 VEK_CONVERT_DIFF(veksConvert_32s16s, Vek32s, Vek16s, noParameter);
@@ -103,12 +112,14 @@ VEK_CONVERT_DIFF(veksConvert_32f32s_Sfs, Vek32f, Vek32s, anyScale, , p);
 VEK_CONVERT_DIFF(veksCopy_8u, Vek8u, Vek8u, noParameter);
 
 VEK_DIFF_CASE(veksThreshold_GT_32s_I, [] {
-    diffInPlace<Vek32s>([] { return randomValue<Vek32s>(); },
-                        [](int level, Vek32s* d, int len, int limit) { return vekTable_veksThreshold_GT_32s_I[level](d, len, limit); });
+    diffInPlace<Vek32s>(
+        [] { return randomValue<Vek32s>(); },
+        [](int level, Vek32s* d, int len, int limit) { return vekTable_veksThreshold_GT_32s_I[level](d, len, limit); });
 });
 VEK_DIFF_CASE(veksThreshold_LT_32s_I, [] {
-    diffInPlace<Vek32s>([] { return randomValue<Vek32s>(); },
-                        [](int level, Vek32s* d, int len, int limit) { return vekTable_veksThreshold_LT_32s_I[level](d, len, limit); });
+    diffInPlace<Vek32s>(
+        [] { return randomValue<Vek32s>(); },
+        [](int level, Vek32s* d, int len, int limit) { return vekTable_veksThreshold_LT_32s_I[level](d, len, limit); });
 });
 
 // Moves within one array: the source starts `distance` bytes after the
@@ -119,10 +130,13 @@ VEK_DIFF_CASE(veksMove_8u, [] {
             const int distance = static_cast<int>(rng()() % 81) - 40;
             const int lead = distance < 0 ? -distance : 0;
             GuardedArray<Vek8u> area(len + (distance < 0 ? -distance : distance), rng()() % 8);
-            compareLevels(area, randomVector<Vek8u>(area.size()), [&](int level) {
-                Vek8u* dst = area.data() + lead;
-                return int(vekTable_veksMove_8u[level](dst + distance, dst, len));
-            }, describe(len, distance, 0));
+            compareLevels(
+                area, randomVector<Vek8u>(area.size()),
+                [&](int level) {
+                    Vek8u* dst = area.data() + lead;
+                    return int(vekTable_veksMove_8u[level](dst + distance, dst, len));
+                },
+                describe(len, distance, 0));
         }
 });
 
@@ -202,8 +216,10 @@ Vek32s referenceToInt(Vek32f v, int sf) {
     const uint64_t m = static_cast<uint64_t>(std::ldexp(std::fabs(fraction), 24));  // exact: 24 bits
     const int64_t e = static_cast<int64_t>(exponent) - 24 - sf;                     // value = m 2^e
     uint64_t magnitude;
-    if (e >= 0) magnitude = e > 40 ? UINT64_MAX : m << e;
-    else magnitude = -e >= 64 ? 0 : roundAway(m, static_cast<int>(-e));
+    if (e >= 0)
+        magnitude = e > 40 ? UINT64_MAX : m << e;
+    else
+        magnitude = -e >= 64 ? 0 : roundAway(m, static_cast<int>(-e));
     if (negative) return magnitude >= uint64_t(1) << 31 ? INT32_MIN : -static_cast<Vek32s>(magnitude);
     return magnitude > uint64_t(INT32_MAX) ? INT32_MAX : static_cast<Vek32s>(magnitude);
 }
@@ -219,7 +235,8 @@ TEST(VectorReference, ScaledConversionsRoundOnceToNearestEven) {
             ASSERT_EQ(vekTable_veksConvert_32s32f_Sfs[0](ints.data(), made.data(), 64, sf), StatusOk);
             ASSERT_EQ(vekTable_veksConvert_32f32s_Sfs[0](floats.data(), back.data(), 64, sf), StatusOk);
             for (int i = 0; i < 64; ++i) {
-                ASSERT_TRUE(sameBits(made[i], referenceToFloat(ints[i], sf))) << ints[i] << " sf " << sf << ": " << made[i];
+                ASSERT_TRUE(sameBits(made[i], referenceToFloat(ints[i], sf)))
+                    << ints[i] << " sf " << sf << ": " << made[i];
                 ASSERT_EQ(back[i], referenceToInt(floats[i], sf)) << floats[i] << " sf " << sf;
             }
         }
@@ -277,8 +294,8 @@ TEST(VectorEntry, KnownResults) {
         EXPECT_EQ(io16[1], 0);
 
         // Float to integer: ties to even, saturation, NaN 0.
-        const Vek32f f[] = {2.5f, 3.5f, -2.5f, -0.5f, 0.5000001f, NAN, INFINITY, -INFINITY, 2147483648.0f,
-                            -2147483648.0f, 2147483520.0f, 1e-45f};
+        const Vek32f f[] = {2.5f,     3.5f,      -2.5f,         -0.5f,          0.5000001f,    NAN,
+                            INFINITY, -INFINITY, 2147483648.0f, -2147483648.0f, 2147483520.0f, 1e-45f};
         const Vek32s want0[] = {2, 4, -2, 0, 1, 0, INT32_MAX, INT32_MIN, INT32_MAX, INT32_MIN, 2147483520, 0};
         Vek32s got[12];
         ASSERT_EQ(vekTable_veksConvert_32f32s_Sfs[level](f, got, 12, 0), StatusOk);
@@ -383,7 +400,8 @@ TEST(VectorEntry, MovesAreCorrectWhateverTheOverlap) {
                 std::vector<Vek8u> area = randomVector<Vek8u>(len + distance + 64);
                 const int dstAt = direction > 0 ? 32 : 32 + distance, srcAt = direction > 0 ? 32 + distance : 32;
                 std::vector<Vek8u> want = area;
-                memcpy(want.data() + dstAt, std::vector<Vek8u>(area.begin() + srcAt, area.begin() + srcAt + len).data(), len);
+                memcpy(want.data() + dstAt, std::vector<Vek8u>(area.begin() + srcAt, area.begin() + srcAt + len).data(),
+                       len);
                 ASSERT_EQ(vekTable_veksMove_8u[level](area.data() + srcAt, area.data() + dstAt, len), StatusOk);
                 EXPECT_EQ(area, want) << "distance " << distance * direction;
             }

@@ -22,8 +22,7 @@ struct Inflated {
 };
 
 // windowBits as inflateInit2 takes them: -15 for raw blocks, 31 for gzip.
-inline Inflated inflateStream(const uint8_t* data, size_t size, int windowBits,
-                              const std::vector<uint8_t>& dict = {}) {
+inline Inflated inflateStream(const uint8_t* data, size_t size, int windowBits, const std::vector<uint8_t>& dict = {}) {
     Inflated result;
     z_stream z{};
     if (inflateInit2(&z, windowBits) != Z_OK) return result.error = "inflateInit2 failed", result;
@@ -42,7 +41,8 @@ inline Inflated inflateStream(const uint8_t* data, size_t size, int windowBits,
         result.bytes.insert(result.bytes.end(), buf.data(), z.next_out);
     } while (r == Z_OK);
     result.complete = r == Z_STREAM_END;
-    if (!result.complete) result.error = "inflate returned " + std::to_string(r) + (z.msg ? std::string(": ") + z.msg : "");
+    if (!result.complete)
+        result.error = "inflate returned " + std::to_string(r) + (z.msg ? std::string(": ") + z.msg : "");
     result.used = z.total_in;
     inflateEnd(&z);
     return result;

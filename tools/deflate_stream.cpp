@@ -58,7 +58,11 @@ SizeEstimate estimate(const Vek16u* pairs, int count, size_t rawLen) {
 class Encoder {
 public:
     Encoder(const Options& o, const WriteFn& write)
-        : options_(o), write_(write), out_(size_t(std::max(1, o.outputChunk))), dst_(out_.data()), room_(int(out_.size())) {}
+        : options_(o),
+          write_(write),
+          out_(size_t(std::max(1, o.outputChunk))),
+          dst_(out_.data()),
+          room_(int(out_.size())) {}
     ~Encoder() {
         if (state_) veksLZ77Free_8u(state_);
     }
@@ -188,7 +192,8 @@ private:
                 int part = int(std::min<size_t>(left, kStoredMax));
                 const int partFlush = size_t(part) == left ? flush : 0;
                 left -= size_t(part);
-                while ((st = veksEncodeLZ77StoredBlock_8u(&src, &part, &dst_, &room_, partFlush, state_)) == StatusDstSize)
+                while ((st = veksEncodeLZ77StoredBlock_8u(&src, &part, &dst_, &room_, partFlush, state_)) ==
+                       StatusDstSize)
                     if (!drainOutput()) return false;
             } while (st == StatusOk && left > 0);
         } else {

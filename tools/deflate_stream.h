@@ -52,7 +52,7 @@ using WriteFn = std::function<bool(const Vek8u* data, int len)>;
 
 struct Result {
     bool ok = false;
-    std::string error;      // what failed, when !ok
+    std::string error;  // what failed, when !ok
     uint64_t bytesIn = 0, bytesOut = 0;
 };
 

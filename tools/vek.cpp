@@ -27,10 +27,14 @@ int info(const std::vector<std::string>&) {
     std::printf("code-path level  %d (%s)\n", vek::DispatchLevel, vek::levelIsaName(vek::DispatchLevel));
     std::printf("library          %s %s, built %s\n", v->name, v->version, v->buildDate);
     int cache = 0, mhz = 0;
-    if (vekGetMaxCacheSizeB(&cache) == StatusOk) std::printf("largest cache    %d bytes (%d KiB)\n", cache, cache / 1024);
-    else std::printf("largest cache    unknown\n");
-    if (vekGetCpuFreqMhz(&mhz) == StatusOk) std::printf("clock            about %d MHz\n", mhz);
-    else std::printf("clock            unknown\n");
+    if (vekGetMaxCacheSizeB(&cache) == StatusOk)
+        std::printf("largest cache    %d bytes (%d KiB)\n", cache, cache / 1024);
+    else
+        std::printf("largest cache    unknown\n");
+    if (vekGetCpuFreqMhz(&mhz) == StatusOk)
+        std::printf("clock            about %d MHz\n", mhz);
+    else
+        std::printf("clock            unknown\n");
     return 0;
 }
 
@@ -52,8 +56,10 @@ int bench(const std::vector<std::string>& args) {
     bool quick = false;
     std::string filter;
     for (const std::string& a : args) {
-        if (a == "--quick") quick = true;
-        else if (a.rfind("--", 0) != 0) filter = a;
+        if (a == "--quick")
+            quick = true;
+        else if (a.rfind("--", 0) != 0)
+            filter = a;
         else {
             std::fprintf(stderr, "vek bench: unknown option %s\n", a.c_str());
             return 2;
@@ -61,8 +67,10 @@ int bench(const std::vector<std::string>& args) {
     }
     const double window = quick ? 0.003 : 0.02;
     const int repeats = quick ? 1 : 3;
-    std::printf("M elements/s per level (speed-up over level 0); '-' where the processor lacks the level;\n"
-                "* marks the level chosen on this processor\n%-28s", "case");
+    std::printf(
+        "M elements/s per level (speed-up over level 0); '-' where the processor lacks the level;\n"
+        "* marks the level chosen on this processor\n%-28s",
+        "case");
     for (int level = 0; level < vek::kLevelCount; ++level)
         std::printf("%16s", (std::string(vek::levelIsaName(level)) + (level == vek::DispatchLevel ? "*" : "")).c_str());
     std::printf("\n");
@@ -81,8 +89,10 @@ int bench(const std::vector<std::string>& args) {
         for (int level = 0; level < vek::kLevelCount; ++level) {
             char cell[32] = "-";
             const double rate = best[level] > 0 ? c.elements / best[level] / 1e6 : 0;
-            if (level == 0) std::snprintf(cell, sizeof cell, "%.0f", rate);
-            else if (rate > 0) std::snprintf(cell, sizeof cell, "%.0f x%.1f", rate, best[0] / best[level]);
+            if (level == 0)
+                std::snprintf(cell, sizeof cell, "%.0f", rate);
+            else if (rate > 0)
+                std::snprintf(cell, sizeof cell, "%.0f x%.1f", rate, best[0] / best[level]);
             std::printf("%16s", cell);
         }
         std::printf("\n");

@@ -19,12 +19,12 @@
 #include <sys/stat.h>
 
 #ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#define isatty _isatty
-#define fileno _fileno
+#    include <fcntl.h>
+#    include <io.h>
+#    define isatty _isatty
+#    define fileno _fileno
 #else
-#include <unistd.h>
+#    include <unistd.h>
 #endif
 
 #include "tools/deflate_stream.h"
@@ -40,8 +40,10 @@ int compressCommand(const char* name, vekdeflate::Container container, const cha
     bool force = false;
     std::string path;
     for (const std::string& a : args) {
-        if (a == "-0" || a == "-1" || a == "-2") options.comprClass = a[1] - '0';
-        else if (a == "-f") force = true;
+        if (a == "-0" || a == "-1" || a == "-2")
+            options.comprClass = a[1] - '0';
+        else if (a == "-f")
+            force = true;
         else if (a.size() > 1 && a[0] == '-') {
             fprintf(stderr, "vek %s: unknown option %s\nusage: vek %s " VEK_COMPRESS_HELP "\n", name, a.c_str(), name);
             return 2;
@@ -121,7 +123,8 @@ int compressCommand(const char* name, vekdeflate::Container container, const cha
     const std::string where = why == "read error" ? (pipe ? "stdin" : path) : (pipe ? "stdout" : partPath);
     if (!ok) {
         const int e = why == "read error" ? readErrno : writeErrno;
-        fprintf(stderr, "vek %s: %s on %s%s%s\n", name, why.c_str(), where.c_str(), e ? ": " : "", e ? strerror(e) : "");
+        fprintf(stderr, "vek %s: %s on %s%s%s\n", name, why.c_str(), where.c_str(), e ? ": " : "",
+                e ? strerror(e) : "");
         if (!pipe) remove(partPath.c_str());
         return 1;
     }
