@@ -9,9 +9,15 @@
 //   int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int best);
 // which does the same when the count may exceed best (best < maxLen) and
 // may otherwise return any value up to best: a level skips the compare of
-// a candidate that cannot win where that is cheaper.  Everything else is
-// the same on every level, so all levels find the same pairs; a level
-// differs only in how fast it compares.
+// a candidate that cannot win where that is cheaper.  The level also
+// defines
+//   VekStatus checksumAdler32(const Vek8u* src, int len, Vek32u* sum);
+//   VekStatus checksumCrc32(const Vek8u* src, int len, Vek32u* sum);
+// which call the checksum implementations that serve the same level in the
+// export list (never the dispatched entries: a level's code must run that
+// level's kernels whatever level the library chose at load).  Everything
+// else is the same on every level, so all levels find the same pairs; a
+// level differs only in how fast it compares.
 //
 // Positions count input bytes on the stream-position scale: bytes below
 // the call's first position live in the history buffer, the others in the
@@ -308,8 +314,8 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
     }
     VekStatus status = StatusOk;
     if (consumed > 0 && s.checksumKind == deflate::kChecksumAdler32)
-        status = ::veksAdler32_8u(src, consumed, &s.checksum);
-    if (consumed > 0 && s.checksumKind == deflate::kChecksumCrc32) status = ::veksCRC32_8u(src, consumed, &s.checksum);
+        status = checksumAdler32(src, consumed, &s.checksum);
+    if (consumed > 0 && s.checksumKind == deflate::kChecksumCrc32) status = checksumCrc32(src, consumed, &s.checksum);
     s.lastFlush = flush;
     if (s.streamStatus == 0) s.streamStatus = 1;  // the stream has begun: no dictionary any more
 

@@ -27,6 +27,10 @@ int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int
     return matchLength(candidate, current, maxLen);
 }
 
+// The running checksum through this level's own implementations.
+VekStatus checksumAdler32(const Vek8u* src, int len, Vek32u* sum) { return plain::veksAdler32_8u(src, len, sum); }
+VekStatus checksumCrc32(const Vek8u* src, int len, Vek32u* sum) { return plain::veksCRC32_8u(src, len, sum); }
+
 }  // namespace
 
 #include "compression/deflate_match.h"
@@ -82,7 +86,7 @@ VekStatus VEK_CALL veksEncodeLZ77InitAlloc_8u(int comprClass, int checksumKind, 
     if (!ppState) return StatusNullPointer;
     int size = 0;
     plain::veksEncodeLZ77GetSize_8u(&size);
-    Vek8u* block = veksMalloc_8u(size);
+    Vek8u* block = plain::veksMalloc_8u(size);
     if (!block) return StatusMemoryAllocated;
     VekDeflateState* state = reinterpret_cast<VekDeflateState*>(block);
     plain::veksEncodeLZ77Init_8u(comprClass, checksumKind, state);
@@ -90,7 +94,7 @@ VekStatus VEK_CALL veksEncodeLZ77InitAlloc_8u(int comprClass, int checksumKind, 
     return StatusOk;
 }
 
-void VEK_CALL veksLZ77Free_8u(void* pState) { veksFree(pState); }
+void VEK_CALL veksLZ77Free_8u(void* pState) { plain::veksFree(pState); }
 
 VekStatus VEK_CALL veksEncodeLZ77Reset_8u(VekDeflateState* pState) {
     if (!pState) return StatusNullPointer;
