@@ -57,8 +57,8 @@ void restart(DeflateState& s) {
     s.pairs = s.pairStorage;
     s.pairCount = 0;
     s.pairCapacity = deflate::kPairCapacity;
-    s.streamStatus = 0;
-    s.lastFlush = 0;
+    s.streamStatus = VekDeflateNotBegun;
+    s.lastFlush = VekDeflateNoFlush;
     s.linkedEnd = 0;
 }
 
@@ -77,8 +77,7 @@ VekStatus VEK_CALL veksEncodeLZ77Init_8u(int comprClass, int checksumKind, VekDe
     for (int32_t& c : s.chain) c = deflate::kNoPosition;
     restart(s);
     s.checksumKind = checksumKind;
-    s.comprClass =
-        comprClass == deflate::kClassFast || comprClass == deflate::kClassBest ? comprClass : deflate::kClassDefault;
+    s.comprClass = comprClass == VekDeflateFast || comprClass == VekDeflateBest ? comprClass : VekDeflateDefault;
     return StatusOk;
 }
 
@@ -107,7 +106,7 @@ VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLe
     if (dictLen < 0) return StatusSize;
     if (dictLen < deflate::kMinMatch) return StatusOk;
     DeflateState& s = *deflate::stateOf(pState);
-    if (s.streamStatus != 0) return StatusUnknown;
+    if (s.streamStatus != VekDeflateNotBegun) return StatusUnknown;
 
     // A dictionary replaces any one set before: the heads forget it.
     const int count = dictLen < deflate::kWindowSize ? dictLen : deflate::kWindowSize;
@@ -116,7 +115,7 @@ VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLe
     s.streamPos = count;
     clearHeads(s);
     for (int i = 0; i + 2 < count; ++i) {
-        if (s.comprClass == deflate::kClassFast)
+        if (s.comprClass == VekDeflateFast)
             s.head[rollingHash(s.history + i)] = i;
         else
             linkPosition(s, i, s.history + i);
