@@ -577,10 +577,11 @@ VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc
 /* A byte-oriented run-length code.  Items: a literal byte b (the byte after
  * it differs), or the three bytes b, b, n standing for n + 2 copies of b
  * (runs of 2 to 257; a longer run is split into runs of 257 and the rest,
- * a rest of one byte being a literal).  The last 2 bytes of a coded chunk
- * are plain bytes: the encoder writes source bytes plainly once only 2
- * bytes of room are left, and the decoder copies the last 2 bytes of its
- * source as they are.  So decode each coded chunk on its own, with exactly
+ * a rest of one byte being a literal).  A coded chunk may end in up to 2
+ * plain bytes: the encoder writes source bytes plainly once only 2 bytes of
+ * room are left, and the decoder copies as they are the bytes left once
+ * fewer than 3 remain to be read (a run item that ends the chunk exactly is
+ * still a run).  So decode each coded chunk on its own, with exactly
  * the length the encoder produced for it (concatenated chunks do not
  * decode as one).
  *
@@ -661,15 +662,15 @@ enum { VekDeflateFixedCodes = 0, VekDeflateDynamicCodes = 1 };
  *
  * veksEncodeLZ77_8u takes bytes from *ppSrc (*pSrcLen of them) and writes
  * pairs at *ppPairs (room for *pPairsLen); both are advanced by what was
- * consumed and written.  Checks: a null pointer (including *ppPairs, and
- * *ppSrc when *pSrcLen > 0): StatusNullPointer; *pPairsLen or *pSrcLen
+ * consumed and written.  Checks, in order: a null ppSrc, pSrcLen, ppPairs,
+ * *ppPairs, pPairsLen or pState: StatusNullPointer; *pPairsLen or *pSrcLen
  * negative: StatusSize; *pPairsLen = 0: StatusDstSize at once; *pSrcLen = 0:
- * StatusOk at once (with VekDeflateHistoryCut the history is still cut).
- * The last 2 bytes of every call (3 under the best class) are written as
- * literals, so a stream fed in many calls compresses a little worse than in
- * one.  When the pairs run out the call stops and returns StatusDstSize;
- * calling again with more room gives the same pairs as one larger call
- * would have.
+ * StatusOk at once (with VekDeflateHistoryCut the history is still cut);
+ * a null *ppSrc: StatusNullPointer.  The last 2 bytes of every call (3
+ * under the best class) are written as literals, so a stream fed in many
+ * calls compresses a little worse than in one.  When the pairs run out the
+ * call stops and returns StatusDstSize; calling again with more room gives
+ * the same pairs as one larger call would have.
  * flush = VekDeflateHistoryCut cuts the history: that call and the next one
  * see no earlier bytes and leave none behind (the stream position is 0
  * after each), so no match reaches back across the cut.  Other flush
@@ -709,9 +710,10 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SetPairs_8u(Vek16u* pPairs, int pairsCo
  * coder: another coder called while a block is open returns
  * StatusContextMismatch).  The bytes are the same however the output is cut,
  * down to one byte per call.  Pending bits wait in the state between calls
- * and every coder writes them first.  Nothing beyond the bytes reported as
- * produced is written.  Every block a coder writes holds exactly the pairs
- * (or bytes) of the call that opened it.
+ * and every coder writes them first.  Nothing outside the room given is
+ * written; within it, only the Huffman coders may change bytes past those
+ * reported as produced (below).  Every block a coder writes holds exactly
+ * the pairs (or bytes) of the call that opened it.
  *
  * flush: VekDeflateLastBlock marks the stream's last block (BFINAL = 1); any
  * other value a block that more follow.  The coder of the last block pads
