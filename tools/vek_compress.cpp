@@ -27,7 +27,7 @@
 #    include <unistd.h>
 #endif
 
-#include "tools/deflate_stream.h"
+#include "deflate_stream/deflate_stream.h"
 
 namespace {
 
