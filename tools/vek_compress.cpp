@@ -29,6 +29,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <iterator>
 
 #ifdef _WIN32
 #    include <fcntl.h>
@@ -76,6 +77,21 @@ struct Settings {
 
 int classOfLevel(int level) { return level <= 3 ? VekDeflateFast : level <= 6 ? VekDeflateDefault : VekDeflateBest; }
 
+// gzip's switches: the letter, the long names, what they turn on.
+struct Switch {
+    char letter;
+    const char *name, *alias;
+    bool Settings::*flag;
+};
+const Switch kSwitches[] = {
+    {'c', "stdout", "to-stdout", &Settings::toStdout},
+    {'k', "keep", nullptr, &Settings::keep},
+    {'f', "force", nullptr, &Settings::force},
+    {'v', "verbose", nullptr, &Settings::verbose},
+    {'d', "decompress", "uncompress", &Settings::decompress},
+    {'h', "help", nullptr, &Settings::help},
+};
+
 // Reads gzip's options and the inputs ("--" ends the options); an error
 // text, or "" when all is well.
 std::string parse(const std::vector<std::string>& args, Settings& s) {
@@ -98,46 +114,26 @@ std::string parse(const std::vector<std::string>& args, Settings& s) {
                     value = args[++i];
                 if (value.size() != 1 || value[0] < '0' || value[0] > '2') return "--class takes 0, 1 or 2";
                 s.comprClass = kClassByDigit[value[0] - '0'];
-                continue;
+            } else if (eq == std::string::npos && (name == "fast" || name == "best")) {
+                s.comprClass = classOfLevel(name == "fast" ? 1 : 9);
+            } else {
+                const Switch* sw = std::find_if(std::begin(kSwitches), std::end(kSwitches), [&](const Switch& w) {
+                    return eq == std::string::npos && (name == w.name || (w.alias && name == w.alias));
+                });
+                if (sw == std::end(kSwitches)) return "unknown option " + a;
+                s.*sw->flag = true;
             }
-            if (eq != std::string::npos) return "unknown option " + a;
-            if (name == "stdout" || name == "to-stdout")
-                s.toStdout = true;
-            else if (name == "keep")
-                s.keep = true;
-            else if (name == "force")
-                s.force = true;
-            else if (name == "verbose")
-                s.verbose = true;
-            else if (name == "decompress" || name == "uncompress")
-                s.decompress = true;
-            else if (name == "fast")
-                s.comprClass = classOfLevel(1);
-            else if (name == "best")
-                s.comprClass = classOfLevel(9);
-            else if (name == "help")
-                s.help = true;
-            else
-                return "unknown option " + a;
         } else {
             for (size_t k = 1; k < a.size(); ++k) {
                 const char c = a[k];
+                const Switch* sw = std::find_if(std::begin(kSwitches), std::end(kSwitches),
+                                                [c](const Switch& w) { return w.letter == c; });
                 if (c >= '1' && c <= '9')
                     s.comprClass = classOfLevel(c - '0');
                 else if (c == '0')
                     return "-0 is not a level: use -1 (fastest) to -9 (best), or --class";
-                else if (c == 'c')
-                    s.toStdout = true;
-                else if (c == 'k')
-                    s.keep = true;
-                else if (c == 'f')
-                    s.force = true;
-                else if (c == 'v')
-                    s.verbose = true;
-                else if (c == 'd')
-                    s.decompress = true;
-                else if (c == 'h')
-                    s.help = true;
+                else if (sw != std::end(kSwitches))
+                    s.*sw->flag = true;
                 else
                     return std::string("unknown option -") + c;
             }
