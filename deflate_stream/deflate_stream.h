@@ -52,8 +52,8 @@ struct Options {
     Container container = Container::Raw;
     int checksumKind = VekDeflateNoChecksum;  // LibraryTrailer: the kind given to Init (any value)
     BlockChoice choice = BlockChoice::Smallest;
-    // kLevelChosenAtLoad, or a code-path level 0..5 that the processor can
-    // run, whose implementations then make the whole stream.
+    // kLevelChosenAtLoad, or a code-path level below vek::kLevelCount that
+    // the processor can run, whose implementations then make the stream.
     int level = kLevelChosenAtLoad;
     std::vector<Vek8u> dictionary;  // history before the input (Raw and LibraryTrailer only)
     // Input bytes per slice; a block never spans two.  compressBuffer takes
