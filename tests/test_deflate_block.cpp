@@ -73,11 +73,11 @@ VekStatus codeBlock(int level, Coder coder, const Vek16u* pairs, int pairCount, 
         int dstLen = chunk;
         VekStatus st;
         if (coder == kStored)
-            st = vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &left, &dst, &dstLen, flush, opaque(s));
+            st = vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &left, &dst, &dstLen, flush, opaque(s));
         else if (coder == kFixed)
-            st = vekTable_veksEncodeLZ77FixedHuff_8u[level](&p, &left, &dst, &dstLen, flush, opaque(s));
+            st = vek::vekTable_veksEncodeLZ77FixedHuff_8u[level](&p, &left, &dst, &dstLen, flush, opaque(s));
         else
-            st = vekTable_veksEncodeLZ77DynamicHuff_8u[level](&p, &left, &dst, &dstLen, flush, opaque(s));
+            st = vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level](&p, &left, &dst, &dstLen, flush, opaque(s));
         if (dst - room.data() != chunk - dstLen) return StatusUnknown;  // pointer and length disagree
         out.insert(out.end(), room.data(), dst);
         if (st != StatusDstSize) return st;
@@ -90,7 +90,7 @@ VekStatus writeTrailer(int level, DeflateState* s, std::vector<uint8_t>& out, in
     for (;;) {
         Vek8u* dst = room.data();
         int dstLen = chunk;
-        const VekStatus st = vekTable_veksEncodeLZ77Flush_8u[level](&dst, &dstLen, opaque(s));
+        const VekStatus st = vek::vekTable_veksEncodeLZ77Flush_8u[level](&dst, &dstLen, opaque(s));
         out.insert(out.end(), room.data(), dst);
         if (st != StatusDstSize) return st;
     }
@@ -127,7 +127,7 @@ VekStatus writeStream(int level, const TestStream& t, int chunk, std::vector<uin
         begin = t.dataEnd[b];
     }
     int status = -1;
-    vekTable_veksEncodeLZ77GetStatus_8u[level](&status, opaque(s.get()));
+    vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, opaque(s.get()));
     return status == 3 ? StatusOk : StatusUnknown;
 }
 
@@ -178,9 +178,9 @@ VEK_DIFF_CASE(veksEncodeLZ77SelectHuffMode_8u, [] {
             mode, {-1},
             [&](int level) {
                 auto s = freshState();
-                vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s.get()));
-                return int(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
-                                                                           mode.data(), opaque(s.get())));
+                vek::vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s.get()));
+                return int(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
+                                                                                mode.data(), opaque(s.get())));
             },
             "pairs " + std::to_string(pairs.size() / 2));
     }
@@ -216,7 +216,7 @@ VEK_DIFF_CASE(veksEncodeLZ77GetStatus_8u, [] {
             [&](int level) {
                 auto s = freshState();
                 s->streamStatus = status;
-                return int(vekTable_veksEncodeLZ77GetStatus_8u[level](got.data(), opaque(s.get())));
+                return int(vek::vekTable_veksEncodeLZ77GetStatus_8u[level](got.data(), opaque(s.get())));
             },
             "status " + std::to_string(status));
     }
@@ -232,7 +232,7 @@ VEK_DIFF_CASE(veksEncodeLZ77SetStatus_8u, [] {
                 s->pairCount = 1234;
                 s->pairCapacity = 5000;
                 s->pairs = s->pairStorage + 10;
-                const int st = vekTable_veksEncodeLZ77SetStatus_8u[level](status, opaque(s.get()));
+                const int st = vek::vekTable_veksEncodeLZ77SetStatus_8u[level](status, opaque(s.get()));
                 const int got[5] = {s->streamStatus, s->pairCount, s->pairCapacity, int(s->pairs - s->pairStorage),
                                     s->coder.subStatus};
                 std::copy(got, got + 5, fields.data());
@@ -378,11 +378,11 @@ TEST(DeflateBlock, SkewedCountsStayWithinFifteenBits) {
 // ---- the choice of codes -----------------------------------------------------------
 
 int selectMode(int level, DeflateState* s, const std::vector<Vek16u>& pairs, bool newBlock) {
-    if (newBlock) vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s));
+    if (newBlock) vek::vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s));
     int mode = -1;
     const Vek16u none[2] = {};
-    EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.empty() ? none : pairs.data(),
-                                                              int(pairs.size() / 2), &mode, opaque(s)),
+    EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.empty() ? none : pairs.data(),
+                                                                   int(pairs.size() / 2), &mode, opaque(s)),
               StatusOk);
     return mode;
 }
@@ -456,7 +456,7 @@ TEST(DeflateBlock, TrailerBytesAndResumption) {
             Vek8u room[16];
             Vek8u* dst = room;
             int len = 16;
-            EXPECT_EQ(vekTable_veksEncodeLZ77Flush_8u[level](&dst, &len, opaque(s.get())), StatusUnknown);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77Flush_8u[level](&dst, &len, opaque(s.get())), StatusUnknown);
             EXPECT_EQ(len, 16);  // no last block yet: nothing written
             s->streamStatus = 3;
             const VekStatus st = writeTrailer(level, s.get(), out, 1);
@@ -492,7 +492,8 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
         Vek8u* nullDst = nullptr;
         const Vek16u* nullPairs = nullptr;
         int pairsLen = 3, dstLen = 64, bad = -1, zero = 0;
-        for (auto huff : {vekTable_veksEncodeLZ77FixedHuff_8u[level], vekTable_veksEncodeLZ77DynamicHuff_8u[level]}) {
+        for (auto huff :
+             {vek::vekTable_veksEncodeLZ77FixedHuff_8u[level], vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level]}) {
             EXPECT_EQ(huff(nullptr, &pairsLen, &dst, &dstLen, 0, st), StatusNullPointer);
             EXPECT_EQ(huff(&nullPairs, &pairsLen, &dst, &dstLen, 0, st), StatusNullPointer);
             EXPECT_EQ(huff(&pairs, &pairsLen, &nullDst, &dstLen, 0, st), StatusNullPointer);
@@ -512,32 +513,33 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
             EXPECT_EQ(dstLen, 64);
         }
         int srcLen = 3, big = 65536;
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, 0, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, 0, st),
                   StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, 0, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &zero, 0, st), StatusDstSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &dstLen, 0, st), StatusSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &bad, &dst, &dstLen, 0, st), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, 0, st),
+                  StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &zero, 0, st), StatusDstSize);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &dstLen, 0, st), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &bad, &dst, &dstLen, 0, st), StatusSize);
         int mode = 9;
-        EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](nullptr, 1, &mode, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, 1, nullptr, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, -1, &mode, st), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](nullptr, 1, &mode, st), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, 1, nullptr, st), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, -1, &mode, st), StatusSize);
         EXPECT_EQ(mode, 9);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Flush_8u[level](&nullDst, &dstLen, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Flush_8u[level](&dst, &bad, st), StatusSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](nullptr, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](&mode, nullptr), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](1, nullptr), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Flush_8u[level](&nullDst, &dstLen, st), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Flush_8u[level](&dst, &bad, st), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetStatus_8u[level](nullptr, st), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&mode, nullptr), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77SetStatus_8u[level](1, nullptr), StatusNullPointer);
         EXPECT_EQ(dst, room);
         EXPECT_EQ(dstLen, 64);
         for (Vek8u b : room) ASSERT_EQ(b, 0xEE);
 
         // A block left open by a full output belongs to its coder.
         int one = 1;
-        EXPECT_EQ(vekTable_veksEncodeLZ77FixedHuff_8u[level](&pairs, &pairsLen, &dst, &one, 0, st), StatusDstSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77DynamicHuff_8u[level](&pairs, &pairsLen, &dst, &dstLen, 0, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77FixedHuff_8u[level](&pairs, &pairsLen, &dst, &one, 0, st), StatusDstSize);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level](&pairs, &pairsLen, &dst, &dstLen, 0, st),
                   StatusContextMismatch);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, &dstLen, 0, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, &dstLen, 0, st),
                   StatusContextMismatch);
     }
 }
@@ -547,27 +549,27 @@ TEST(DeflateBlock, StatusWordsAndThePairList) {
         auto s = freshState();
         VekDeflateState* st = opaque(s.get());
         int status = -1;
-        ASSERT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st), StatusOk);
         EXPECT_EQ(status, 0);
         s->pairCount = 700;
-        ASSERT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](2, st), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksEncodeLZ77SetStatus_8u[level](2, st), StatusOk);
         EXPECT_EQ(s->pairCapacity, 700);
         EXPECT_EQ(s->pairCount, 0);
         EXPECT_EQ(s->coder.subStatus, 2);
-        ASSERT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](1, st), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksEncodeLZ77SetStatus_8u[level](1, st), StatusOk);
         EXPECT_EQ(s->pairCapacity, 65280);
         EXPECT_EQ(s->pairCount, 0);
         EXPECT_EQ(s->pairs, s->pairStorage);
-        vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
+        vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
         EXPECT_EQ(status, 1);
         // Only a complete last block makes the stream complete.
         const std::vector<Vek16u> pairs = literals("hello");
         std::vector<uint8_t> out;
         ASSERT_EQ(codeBlock(level, kDynamic, pairs.data(), 5, nullptr, 0, 0, s.get(), out, 64), StatusOk);
-        vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
+        vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
         EXPECT_EQ(status, 1);
         ASSERT_EQ(codeBlock(level, kFixed, pairs.data(), 5, nullptr, 0, 3, s.get(), out, 1), StatusOk);
-        vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
+        vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
         EXPECT_EQ(status, 3);
         EXPECT_EQ(s->coder.bitCount, 0);  // the trailer starts on a byte
     }
