@@ -1,0 +1,154 @@
+// Guarded test memory: the mappings behind GuardedBlock and the pool that
+// keeps them for reuse (a fresh mapping costs system calls and page faults,
+// which qemu-i386 makes dear, and the suite makes tens of thousands).
+#include "guarded_memory.h"
+
+#include <string.h>
+
+#include <map>
+#include <new>
+#include <vector>
+
+#ifdef _WIN32
+#    include <windows.h>
+#else
+#    include <sys/mman.h>
+#    include <unistd.h>
+#endif
+
+#if defined(__SANITIZE_ADDRESS__)
+#    define VEK_TESTS_ASAN 1
+#elif defined(__has_feature)
+#    if __has_feature(address_sanitizer)
+#        define VEK_TESTS_ASAN 1
+#    endif
+#endif
+#ifdef VEK_TESTS_ASAN
+#    include <sanitizer/asan_interface.h>
+#endif
+
+namespace vektest {
+namespace {
+
+constexpr unsigned char kFreshByte = 0xCD;
+constexpr size_t kKeptBytesLimit = size_t(64) << 20;  // released mappings kept for reuse, at most
+
+size_t pageSize() {
+    static const size_t size = [] {
+#ifdef _WIN32
+        SYSTEM_INFO info;
+        GetSystemInfo(&info);
+        return static_cast<size_t>(info.dwPageSize);
+#else
+        return static_cast<size_t>(sysconf(_SC_PAGESIZE));
+#endif
+    }();
+    return size;
+}
+
+// A mapping of `pages` read-write pages between two no-access pages.
+unsigned char* mapGuarded(size_t pages) {
+    const size_t page = pageSize(), total = (pages + 2) * page;
+#ifdef _WIN32
+    auto* base = static_cast<unsigned char*>(VirtualAlloc(nullptr, total, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+    DWORD previous;
+    if (!base || !VirtualProtect(base, page, PAGE_NOACCESS, &previous) ||
+        !VirtualProtect(base + (pages + 1) * page, page, PAGE_NOACCESS, &previous))
+        throw std::bad_alloc();
+#else
+    void* mapped = mmap(nullptr, total, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED) throw std::bad_alloc();
+    auto* base = static_cast<unsigned char*>(mapped);
+    if (mprotect(base + page, pages * page, PROT_READ | PROT_WRITE) != 0) throw std::bad_alloc();
+#endif
+    return base;
+}
+
+void unmapGuarded(unsigned char* base, size_t pages) {
+#ifdef _WIN32
+    (void)pages;
+    VirtualFree(base, 0, MEM_RELEASE);
+#else
+    munmap(base, (pages + 2) * pageSize());
+#endif
+}
+
+// Released mappings by their number of usable pages.
+struct Pool {
+    std::map<size_t, std::vector<unsigned char*>> free;
+    size_t keptBytes = 0;
+};
+Pool& pool() {
+    static Pool* p = new Pool;  // never destroyed: blocks may outlive static destruction order
+    return *p;
+}
+
+}  // namespace
+
+void poisonForSanitizer(const void* p, size_t n) {
+#ifdef VEK_TESTS_ASAN
+    ASAN_POISON_MEMORY_REGION(p, n);
+#else
+    (void)p, (void)n;
+#endif
+}
+
+void unpoisonForSanitizer(const void* p, size_t n) {
+#ifdef VEK_TESTS_ASAN
+    ASAN_UNPOISON_MEMORY_REGION(p, n);
+#else
+    (void)p, (void)n;
+#endif
+}
+
+GuardedBlock::GuardedBlock(size_t size) : size_(size) {
+    const size_t page = pageSize();
+    pages_ = size ? (size + page - 1) / page : 1;
+    std::vector<unsigned char*>& kept = pool().free[pages_];
+    if (kept.empty()) {
+        mapping_ = mapGuarded(pages_);
+    } else {
+        mapping_ = kept.back();
+        kept.pop_back();
+        pool().keptBytes -= pages_ * page;
+    }
+    unsigned char* usable = mapping_ + page;
+    data_ = usable + pages_ * page - size;  // within the first usable page
+    // Whatever ran before, the block starts out the same; the bytes before
+    // it are poisoned.
+    unpoisonForSanitizer(usable, pages_ * page);
+    memset(usable, kFreshByte, pages_ * page);
+    poisonForSanitizer(usable, data_ - usable);
+}
+
+GuardedBlock::~GuardedBlock() { release(); }
+
+GuardedBlock::GuardedBlock(GuardedBlock&& other) noexcept
+    : mapping_(other.mapping_), pages_(other.pages_), data_(other.data_), size_(other.size_) {
+    other.mapping_ = nullptr;
+}
+
+GuardedBlock& GuardedBlock::operator=(GuardedBlock&& other) noexcept {
+    if (this != &other) {
+        release();
+        mapping_ = other.mapping_, pages_ = other.pages_, data_ = other.data_, size_ = other.size_;
+        other.mapping_ = nullptr;
+    }
+    return *this;
+}
+
+void GuardedBlock::release() {
+    if (!mapping_) return;
+    const size_t bytes = pages_ * pageSize();
+    unpoisonForSanitizer(mapping_ + pageSize(), bytes);
+    Pool& p = pool();
+    if (p.keptBytes + bytes <= kKeptBytesLimit) {
+        p.free[pages_].push_back(mapping_);
+        p.keptBytes += bytes;
+    } else {
+        unmapGuarded(mapping_, pages_);
+    }
+    mapping_ = nullptr;
+}
+
+}  // namespace vektest
