@@ -5,6 +5,7 @@
 
 #include <string.h>
 
+#include <algorithm>
 #include <map>
 #include <new>
 #include <vector>
@@ -31,6 +32,7 @@ namespace vektest {
 namespace {
 
 constexpr unsigned char kFreshByte = 0xCD;
+constexpr size_t kFilledBefore = 64;                  // bytes before a block given a known value
 constexpr size_t kKeptBytesLimit = size_t(64) << 20;  // released mappings kept for reuse, at most
 
 size_t pageSize() {
@@ -73,6 +75,15 @@ void unmapGuarded(unsigned char* base, size_t pages) {
 #endif
 }
 
+// Mappings come in sizes of 1, 2, 3, 4, 6, 8, 12 ... pages, so that blocks
+// of many nearby sizes share them at the cost of a third unused at most.
+size_t sizeClass(size_t pages) {
+    size_t p = 1;
+    for (; p < pages; p *= 2)
+        if (p >= 2 && p / 2 * 3 >= pages) return p / 2 * 3;
+    return p;
+}
+
 // Released mappings by their number of usable pages.
 struct Pool {
     std::map<size_t, std::vector<unsigned char*>> free;
@@ -103,7 +114,7 @@ void unpoisonForSanitizer(const void* p, size_t n) {
 
 GuardedBlock::GuardedBlock(size_t size) : size_(size) {
     const size_t page = pageSize();
-    pages_ = size ? (size + page - 1) / page : 1;
+    pages_ = sizeClass(size ? (size + page - 1) / page : 1);
     std::vector<unsigned char*>& kept = pool().free[pages_];
     if (kept.empty()) {
         mapping_ = mapGuarded(pages_);
@@ -113,11 +124,12 @@ GuardedBlock::GuardedBlock(size_t size) : size_(size) {
         pool().keptBytes -= pages_ * page;
     }
     unsigned char* usable = mapping_ + page;
-    data_ = usable + pages_ * page - size;  // within the first usable page
-    // Whatever ran before, the block starts out the same; the bytes before
-    // it are poisoned.
+    data_ = usable + pages_ * page - size;
+    // The bytes a vector read just before the block would see start out the
+    // same whatever ran before; everything before the block is poisoned.
+    const size_t before = std::min<size_t>(kFilledBefore, data_ - usable);
     unpoisonForSanitizer(usable, pages_ * page);
-    memset(usable, kFreshByte, pages_ * page);
+    memset(data_ - before, kFreshByte, before);
     poisonForSanitizer(usable, data_ - usable);
 }
 

@@ -10,11 +10,11 @@
 // it did for heap blocks.
 //
 // The suite allocates many short-lived buffers, so mappings are not given
-// back to the system: a released one waits for the next block of the same
-// number of pages (up to a fixed total).  A block's bytes are unspecified,
-// like new[]'s, except that they never depend on what an earlier test left:
-// every block starts out filled with one constant byte, so a filtered rerun
-// sees the same memory as the full run.
+// back to the system: a released one waits for the next block of its size
+// class (up to a fixed total).  A block's bytes are unspecified, like
+// new[]'s, and its user fills them; the 64 bytes before it always start out
+// the same, so what an earlier test left there cannot make a filtered rerun
+// of a kernel that reads them differ from the full run.
 #ifndef VEK_TESTS_GUARDED_MEMORY_H
 #define VEK_TESTS_GUARDED_MEMORY_H
 
