@@ -75,6 +75,14 @@ private:
     int count_;
 };
 
+// A copy of `v` (which may be empty) that ends at a no-access page.
+template <class T>
+InputArray<T> guardedCopy(const std::vector<T>& v) {
+    InputArray<T> copy(static_cast<int>(v.size()));
+    if (!v.empty()) memcpy(copy.data(), v.data(), sizeof(T) * v.size());
+    return copy;
+}
+
 // An output array with canary bytes before it, ending at a no-access page
 // like InputArray; its `offsetElements` of slack before the page hold
 // canary bytes too.

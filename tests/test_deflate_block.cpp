@@ -62,11 +62,14 @@ std::vector<Vek16u> randomPairs(int count, std::vector<uint8_t>& data, int style
 // `chunk` bytes of room per call, and appends the bytes to `out`.
 VekStatus codeBlock(int level, Coder coder, const Vek16u* pairs, int pairCount, const uint8_t* raw, int rawLen,
                     int flush, DeflateState* s, std::vector<uint8_t>& out, int chunk) {
-    std::vector<uint8_t> room(chunk);
-    static const Vek16u noPairs[2] = {};
-    static const Vek8u noBytes[1] = {};
-    const Vek16u* p = pairs ? pairs : noPairs;  // empty vectors may hand out null
-    const Vek8u* src = raw ? raw : noBytes;
+    // The pairs, the bytes and each call's room end at a no-access page.
+    GuardedArray<Vek8u> room(chunk);
+    InputArray<Vek16u> pairCopy(2 * pairCount);
+    InputArray<Vek8u> rawCopy(rawLen);
+    if (pairCount) memcpy(pairCopy.data(), pairs, 4 * size_t(pairCount));
+    if (rawLen) memcpy(rawCopy.data(), raw, rawLen);
+    const Vek16u* p = pairCopy.data();
+    const Vek8u* src = rawCopy.data();
     int left = coder == kStored ? rawLen : pairCount;
     for (int calls = 0; calls < 10000000; ++calls) {
         Vek8u* dst = room.data();
@@ -86,7 +89,7 @@ VekStatus codeBlock(int level, Coder coder, const Vek16u* pairs, int pairCount, 
 }
 
 VekStatus writeTrailer(int level, DeflateState* s, std::vector<uint8_t>& out, int chunk) {
-    std::vector<uint8_t> room(chunk);
+    GuardedArray<Vek8u> room(chunk);
     for (;;) {
         Vek8u* dst = room.data();
         int dstLen = chunk;
@@ -172,14 +175,14 @@ VEK_DIFF_CASE(veksEncodeLZ77StoredBlock_8u, [] { diffCoders(kStored); });
 VEK_DIFF_CASE(veksEncodeLZ77SelectHuffMode_8u, [] {
     for (int round = 0; round < rounds(200); ++round) {
         std::vector<uint8_t> data;
-        const std::vector<Vek16u> pairs = randomPairs(int(rng()() % 400), data, int(rng()() % 4));
+        const InputArray<Vek16u> pairs = guardedCopy(randomPairs(int(rng()() % 400), data, int(rng()() % 4)));
         GuardedArray<int> mode(1);
         compareLevels(
             mode, {-1},
             [&](int level) {
                 auto s = freshState();
                 vek::vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s.get()));
-                return int(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
+                return int(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), pairs.size() / 2,
                                                                                 mode.data(), opaque(s.get())));
             },
             "pairs " + std::to_string(pairs.size() / 2));
@@ -273,10 +276,8 @@ TEST(DeflateBlock, EmptyAndSingleSymbolBlocksAreValid) {
                     for (int k = 0; k < (pairs[i + 1] ? pairs[i] : 1); ++k) data.push_back('x');
                 auto s = freshState();
                 std::vector<uint8_t> out;
-                const Vek16u none[2] = {};
-                data.reserve(1);  // a valid pointer even when empty
-                ASSERT_EQ(codeBlock(level, coder, pairs.empty() ? none : pairs.data(), int(pairs.size() / 2),
-                                    data.data(), int(data.size()), 3, s.get(), out, 1),
+                ASSERT_EQ(codeBlock(level, coder, pairs.data(), int(pairs.size() / 2), data.data(), int(data.size()), 3,
+                                    s.get(), out, 1),
                           StatusOk);
                 std::vector<uint8_t> inflated;
                 ASSERT_TRUE(inflateRaw(out, inflated, data.size())) << "coder " << coder << " pairs " << pairs.size();
@@ -380,9 +381,8 @@ TEST(DeflateBlock, SkewedCountsStayWithinFifteenBits) {
 int selectMode(int level, DeflateState* s, const std::vector<Vek16u>& pairs, bool newBlock) {
     if (newBlock) vek::vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s));
     int mode = -1;
-    const Vek16u none[2] = {};
-    EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.empty() ? none : pairs.data(),
-                                                                   int(pairs.size() / 2), &mode, opaque(s)),
+    const InputArray<Vek16u> in = guardedCopy(pairs);
+    EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](in.data(), int(pairs.size() / 2), &mode, opaque(s)),
               StatusOk);
     return mode;
 }

@@ -389,7 +389,8 @@ struct Encoded {
 
 Encoded encodeOnce(int level, VekDeflateState* st, const std::vector<uint8_t>& data, int flush = 0) {
     std::vector<Vek16u> buf(2 * data.size() + 2);
-    const Vek8u* src = data.data();
+    const InputArray<Vek8u> in = guardedCopy(data);
+    const Vek8u* src = in.data();
     int len = int(data.size()), space = int(data.size()) + 1;
     Vek16u* out = buf.data();
     const int status = vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, flush, st);

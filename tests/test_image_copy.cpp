@@ -20,10 +20,12 @@ void forRegions(Body body) {
     }
 }
 
+// Images a function reads, in place too: the last row in memory ends at the
+// no-access page, so a read past it faults.
 template <class T>
-ImageLayout inputLayout() {
-    ImageLayout l = randomLayout<T>();
-    l.guardAfter = false;  // reads past the last row trip the sanitizer
+ImageLayout inputLayout(bool allowZeroStep = false) {
+    ImageLayout l = randomLayout<T>(allowZeroStep);
+    l.guardAfter = false;
     return l;
 }
 
@@ -64,7 +66,7 @@ void diffPlanarToInterleaved(const Fn* table) {
         GuardedImage<T> dst(3 * roi.width, roi.height, randomLayout<T>(true));
         compareImageLevels(
             dst, [&](int level) { return table[level](planes, a.step(), dst.origin(), dst.step(), roi); },
-            describe(roi, in, dst.layout()));
+            describe(roi, a.layout(), dst.layout()));
     });
 }
 VEK_DIFF_CASE(vekiCopy_8u_P3C3R, [] { diffPlanarToInterleaved<Vek8u>(vek::vekTable_vekiCopy_8u_P3C3R); });
@@ -165,7 +167,7 @@ template <class T, int C, class Fn>
 void diffMirrorInPlace(const Fn* table) {
     forRegions([&](VekiSize roi) {
         for (int flip = 0; flip < 3; ++flip) {
-            GuardedImage<T> image(roi.width * C, roi.height, randomLayout<T>(true));
+            GuardedImage<T> image(roi.width * C, roi.height, inputLayout<T>(true));
             compareImageLevels(
                 image, [&](int level) { return table[level](image.origin(), image.step(), roi, flip); },
                 describe(roi, image.layout(), image.layout()) + " flip " + std::to_string(flip));
@@ -210,7 +212,7 @@ VEK_DIFF_CASE(vekiSwapChannels_8u_C3R, [] {
 });
 VEK_DIFF_CASE(vekiSwapChannels_8u_C3IR, [] {
     forRegions([&](VekiSize roi) {
-        GuardedImage<Vek8u> image(3 * roi.width, roi.height, randomLayout<Vek8u>(true));
+        GuardedImage<Vek8u> image(3 * roi.width, roi.height, inputLayout<Vek8u>(true));
         int order[3];
         randomOrder(order);
         compareImageLevels(
@@ -362,18 +364,6 @@ TEST(ImageCopy, PlainSwapAndBorderFollowTheFormulas) {
                 ASSERT_EQ(bordered.at(x, y), inner.at(clampTo(x - left, w - 1), clampTo(y - top, h - 1)))
                     << x << "," << y;
     });
-}
-
-// A negative source step walks the source from its last row up.
-TEST(ImageCopy, NegativeSourceStepCopiesBottomUp) {
-    GuardedImage<Vek8u> src(5, 4), dst(5, 4);
-    for (int level : availableLevels()) {
-        ASSERT_EQ(
-            vek::vekTable_vekiCopy_8u_C1R[level](src.row(3), -src.step(), dst.origin(), dst.step(), VekiSize{5, 4}),
-            StatusOk);
-        for (int y = 0; y < 4; ++y)
-            for (int x = 0; x < 5; ++x) ASSERT_EQ(dst.at(x, y), src.at(x, 3 - y)) << "level " << level;
-    }
 }
 
 // ---- the rules at entry, on every level ------------------------------------------------
