@@ -11,6 +11,9 @@
 #include <vector>
 
 #ifdef _WIN32
+#    ifndef NOMINMAX
+#        define NOMINMAX
+#    endif
 #    include <windows.h>
 #else
 #    include <sys/mman.h>

@@ -10,11 +10,17 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <algorithm>
 #include <string>
 
 #include "harness.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#    ifndef NOMINMAX
+#        define NOMINMAX
+#    endif
+#    include <windows.h>
+#else
 #    include <signal.h>
 #    include <unistd.h>
 #endif
@@ -30,21 +36,30 @@ std::string rerunCommand(const std::string& test) {
     return line + " " + program + " --gtest_filter='" + test + "'";
 }
 
-#ifndef _WIN32
-// What the crash handler writes: composed when a test starts, because a
-// signal handler may only write what is ready.
+// What a fault handler writes: composed when a test starts, because a
+// handler should only write what is ready.
 char crashNote[1024];
 size_t crashNoteLength = 0;
+
+#ifdef _WIN32
+// A fault is not caught by a MinGW build of GoogleTest: it ends the program
+// through this filter, which hands it on to the default report.
+LONG WINAPI onFault(EXCEPTION_POINTERS*) {
+    DWORD written;
+    WriteFile(GetStdHandle(STD_ERROR_HANDLE), crashNote, static_cast<DWORD>(crashNoteLength), &written, nullptr);
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+void installFaultNote() { SetUnhandledExceptionFilter(onFault); }
+#else
 struct sigaction previousSegv, previousBus;
 
 // Writes the note, puts the previous handler back and returns: the faulting
 // access runs again and that handler (AddressSanitizer's, or the default
 // one that ends the program) takes it.
 void onFault(int signal) {
-    if (crashNoteLength) {
-        ssize_t ignored = write(2, crashNote, crashNoteLength);
-        (void)ignored;
-    }
+    ssize_t ignored = write(2, crashNote, crashNoteLength);
+    (void)ignored;
     sigaction(signal, signal == SIGSEGV ? &previousSegv : &previousBus, nullptr);
 }
 
@@ -61,15 +76,12 @@ class SeedListener : public ::testing::EmptyTestEventListener {
     void OnTestStart(const ::testing::TestInfo& info) override {
         const std::string name = std::string(info.test_suite_name()) + "." + info.name();
         reseed(name);
-#ifndef _WIN32
         const std::string note = "\n[ CRASHED  ] " + name + "; rerun with: " + rerunCommand(name) + "\n";
         crashNoteLength = std::min(note.size(), sizeof crashNote);
         memcpy(crashNote, note.data(), crashNoteLength);
-#endif
     }
-    // On Windows a fault inside a test is a failure of that test (GoogleTest
-    // catches structured exceptions), so it is reported here too.
     void OnTestEnd(const ::testing::TestInfo& info) override {
+        crashNoteLength = 0;
         if (!info.result()->Failed()) return;
         const std::string name = std::string(info.test_suite_name()) + "." + info.name();
         printf("[   SEED   ] rerun with: %s\n", rerunCommand(name).c_str());
@@ -85,8 +97,6 @@ int main(int argc, char** argv) {
     if (argc > 0) vektest::program = argv[0];
     printf("Random inputs from VEK_TEST_SEED=%llu\n", static_cast<unsigned long long>(vektest::baseSeed()));
     ::testing::UnitTest::GetInstance()->listeners().Append(new vektest::SeedListener);
-#ifndef _WIN32
     vektest::installFaultNote();
-#endif
     return RUN_ALL_TESTS();
 }
