@@ -1,6 +1,7 @@
-// Guarded test memory: the mappings behind GuardedBlock and the pool that
+// Guarded test memory: the mappings behind GuardedBlock, the pool that
 // keeps them for reuse (a fresh mapping costs system calls and page faults,
-// which qemu-i386 makes dear, and the suite makes tens of thousands).
+// which qemu-i386 makes dear, and the suite makes tens of thousands), and
+// the note written when an access past a guard page ends the program.
 #include "guarded_memory.h"
 
 #include <string.h>
@@ -16,6 +17,7 @@
 #    endif
 #    include <windows.h>
 #else
+#    include <signal.h>
 #    include <sys/mman.h>
 #    include <unistd.h>
 #endif
@@ -97,7 +99,47 @@ Pool& pool() {
     return *p;
 }
 
+// What the fault hook writes, composed beforehand: a handler should only
+// write what is ready.
+char faultNote[1024];
+size_t faultNoteLength = 0;
+
+#ifdef _WIN32
+LONG WINAPI onFault(EXCEPTION_POINTERS*) {
+    DWORD written;
+    WriteFile(GetStdHandle(STD_ERROR_HANDLE), faultNote, static_cast<DWORD>(faultNoteLength), &written, nullptr);
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+#else
+struct sigaction previousSegv, previousBus;
+
+// Puts the previous handler back and returns: the faulting access runs
+// again and that handler takes it.
+void onFault(int signal) {
+    ssize_t ignored = write(2, faultNote, faultNoteLength);
+    (void)ignored;
+    sigaction(signal, signal == SIGSEGV ? &previousSegv : &previousBus, nullptr);
+}
+#endif
+
 }  // namespace
+
+void setFaultNote(const std::string& note) {
+    faultNoteLength = std::min(note.size(), sizeof faultNote);
+    memcpy(faultNote, note.data(), faultNoteLength);
+}
+
+void installFaultNote() {
+#ifdef _WIN32
+    SetUnhandledExceptionFilter(onFault);
+#else
+    struct sigaction action = {};
+    action.sa_handler = onFault;
+    sigemptyset(&action.sa_mask);
+    sigaction(SIGSEGV, &action, &previousSegv);
+    sigaction(SIGBUS, &action, &previousBus);
+#endif
+}
 
 void poisonForSanitizer(const void* p, size_t n) {
 #ifdef VEK_TESTS_ASAN

@@ -20,6 +20,8 @@
 
 #include <stddef.h>
 
+#include <string>
+
 namespace vektest {
 
 class GuardedBlock {
@@ -47,6 +49,14 @@ private:
 // region ending at a page boundary is poisoned from its exact first byte.
 void poisonForSanitizer(const void* p, size_t n);
 void unpoisonForSanitizer(const void* p, size_t n);
+
+// A fault (a read past a guard page) ends the test program; the note set
+// last is written to stderr first.  installFaultNote() hooks the fault
+// (a signal handler on POSIX, which then hands the fault on to the handler
+// before it, AddressSanitizer's or the default one; an unhandled-exception
+// filter on Windows, where MinGW's GoogleTest does not catch it).
+void setFaultNote(const std::string& note);
+void installFaultNote();
 
 }  // namespace vektest
 

@@ -146,6 +146,15 @@ void compareLevels(GuardedArray<T>& out, const std::vector<T>& initial, Call cal
     }
 }
 
+// Runs f(level) on every available level, naming the level on failure.
+template <class F>
+void onEveryLevel(F f) {
+    for (int level : availableLevels()) {
+        SCOPED_TRACE("level " + std::to_string(level));
+        f(level);
+    }
+}
+
 // Random values: mostly uniform over the type, with a good share of the
 // extremes and of small values, where saturation and rounding happen.
 template <class T>

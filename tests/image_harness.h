@@ -147,7 +147,7 @@ void compareImageLevels(GuardedImage<T>& out, Call call, const std::string& what
 // Calls that must fail: each level returns `expected` and leaves the image
 // exactly as it was.
 template <class T, class Call>
-void expectRejectedOnEveryLevel(GuardedImage<T>& image, int expected, Call call, const std::string& what) {
+void expectRejectedOnEveryLevel(GuardedImage<T>& image, int expected, const std::string& what, Call call) {
     const std::vector<unsigned char> initial = image.raw();
     for (int level : availableLevels()) {
         EXPECT_EQ(call(level), expected) << "level " << level << "; " << what;

@@ -250,15 +250,6 @@ TEST(ArithReference, FloatMembersAreCorrectlyRounded) {
 
 // ---- the rules at the entry, on every level -------------------------------------
 
-// Runs f(level) on every available level.
-template <class F>
-void onEveryLevel(F f) {
-    for (int level : availableLevels()) {
-        SCOPED_TRACE("level " + std::to_string(level));
-        f(level);
-    }
-}
-
 TEST(ArithEntry, TiesGoToEvenAndExtremeScalesSaturateOrClear) {
     onEveryLevel([](int level) {
         auto add = [&](Vek16s x, Vek16s y, int sf) {

@@ -404,36 +404,15 @@ TEST(ImageCopy, MirrorChecksFlipAfterPointersAndSizeThenSizePerFlip) {
         return vek::vekTable_vekiMirror_16s_C3IR[level](dst.origin(), dst.step(), roi, flip);
     };
     for (int flip : {3, -1, 100}) {
-        expectRejectedOnEveryLevel(
-            dst, StatusMirrorFlip,
-            [&](int l) {
-                return mirror(l, {2, 2}, flip);
-            },
-            "flip");
-        expectRejectedOnEveryLevel(
-            dst, StatusMirrorFlip,
-            [&](int l) {
-                return inPlace(l, {2, 2}, flip);
-            },
-            "flip");
-        expectRejectedOnEveryLevel(
-            dst, StatusSize,
-            [&](int l) {
-                return mirror(l, {0, 2}, flip);
-            },
-            "size first");
-        expectRejectedOnEveryLevel(
-            dst, StatusNullPointer,
-            [&](int l) {
-                return vek::vekTable_vekiMirror_16s_C3R[l](nullptr, s, dst.origin(), dst.step(), VekiSize{0, 0}, flip);
-            },
-            "pointer first");
-        expectRejectedOnEveryLevel(
-            dst, StatusNullPointer,
-            [&](int l) {
-                return vek::vekTable_vekiMirror_16s_C3IR[l](nullptr, s, VekiSize{2, 2}, flip);
-            },
-            "pointer first");
+        expectRejectedOnEveryLevel(dst, StatusMirrorFlip, "flip", [&](int l) { return mirror(l, {2, 2}, flip); });
+        expectRejectedOnEveryLevel(dst, StatusMirrorFlip, "flip", [&](int l) { return inPlace(l, {2, 2}, flip); });
+        expectRejectedOnEveryLevel(dst, StatusSize, "size first", [&](int l) { return mirror(l, {0, 2}, flip); });
+        expectRejectedOnEveryLevel(dst, StatusNullPointer, "pointer first", [&](int l) {
+            return vek::vekTable_vekiMirror_16s_C3R[l](nullptr, s, dst.origin(), dst.step(), VekiSize{0, 0}, flip);
+        });
+        expectRejectedOnEveryLevel(dst, StatusNullPointer, "pointer first", [&](int l) {
+            return vek::vekTable_vekiMirror_16s_C3IR[l](nullptr, s, VekiSize{2, 2}, flip);
+        });
     }
     // One row cannot flip about the horizontal axis, one column not about
     // the vertical one; both need two of each.
@@ -449,10 +428,8 @@ TEST(ImageCopy, MirrorChecksFlipAfterPointersAndSizeThenSizePerFlip) {
         const std::string what =
             std::to_string(r.roi.width) + "x" + std::to_string(r.roi.height) + " flip " + std::to_string(r.flip);
         if (r.status != StatusOk) {
-            expectRejectedOnEveryLevel(
-                dst, r.status, [&](int l) { return mirror(l, r.roi, r.flip); }, what);
-            expectRejectedOnEveryLevel(
-                dst, r.status, [&](int l) { return inPlace(l, r.roi, r.flip); }, what);
+            expectRejectedOnEveryLevel(dst, r.status, what, [&](int l) { return mirror(l, r.roi, r.flip); });
+            expectRejectedOnEveryLevel(dst, r.status, what, [&](int l) { return inPlace(l, r.roi, r.flip); });
         } else {
             for (int level : availableLevels()) {
                 EXPECT_EQ(mirror(level, r.roi, r.flip), StatusOk) << what;
@@ -467,39 +444,24 @@ TEST(ImageCopy, SwapChannelsRejectsAnOrderOutsideTheChannels) {
     const int badOrders[][3] = {{0, 1, 3}, {-1, 1, 2}, {2, 1, 1000}};
     const int good[3] = {2, 1, 0};
     for (const auto& order : badOrders) {
-        expectRejectedOnEveryLevel(
-            dst, StatusChannelOrder,
-            [&](int l) {
-                return vek::vekTable_vekiSwapChannels_8u_C3R[l](src.origin(), src.step(), dst.origin(), dst.step(),
-                                                                VekiSize{3, 2}, order);
-            },
-            "order");
-        expectRejectedOnEveryLevel(
-            dst, StatusChannelOrder,
-            [&](int l) {
-                return vek::vekTable_vekiSwapChannels_8u_C3IR[l](dst.origin(), dst.step(), VekiSize{3, 2}, order);
-            },
-            "order in place");
-        expectRejectedOnEveryLevel(
-            dst, StatusSize,
-            [&](int l) {
-                return vek::vekTable_vekiSwapChannels_8u_C3IR[l](dst.origin(), dst.step(), VekiSize{0, 2}, order);
-            },
-            "size before order");
-    }
-    expectRejectedOnEveryLevel(
-        dst, StatusNullPointer,
-        [&](int l) {
+        expectRejectedOnEveryLevel(dst, StatusChannelOrder, "order", [&](int l) {
             return vek::vekTable_vekiSwapChannels_8u_C3R[l](src.origin(), src.step(), dst.origin(), dst.step(),
-                                                            VekiSize{3, 2}, nullptr);
-        },
-        "null order");
-    expectRejectedOnEveryLevel(
-        dst, StatusNullPointer,
-        [&](int l) {
-            return vek::vekTable_vekiSwapChannels_8u_C3IR[l](nullptr, dst.step(), VekiSize{0, 2}, good);
-        },
-        "null image");
+                                                            VekiSize{3, 2}, order);
+        });
+        expectRejectedOnEveryLevel(dst, StatusChannelOrder, "order in place", [&](int l) {
+            return vek::vekTable_vekiSwapChannels_8u_C3IR[l](dst.origin(), dst.step(), VekiSize{3, 2}, order);
+        });
+        expectRejectedOnEveryLevel(dst, StatusSize, "size before order", [&](int l) {
+            return vek::vekTable_vekiSwapChannels_8u_C3IR[l](dst.origin(), dst.step(), VekiSize{0, 2}, order);
+        });
+    }
+    expectRejectedOnEveryLevel(dst, StatusNullPointer, "null order", [&](int l) {
+        return vek::vekTable_vekiSwapChannels_8u_C3R[l](src.origin(), src.step(), dst.origin(), dst.step(),
+                                                        VekiSize{3, 2}, nullptr);
+    });
+    expectRejectedOnEveryLevel(dst, StatusNullPointer, "null image", [&](int l) {
+        return vek::vekTable_vekiSwapChannels_8u_C3IR[l](nullptr, dst.step(), VekiSize{0, 2}, good);
+    });
 }
 
 TEST(ImageCopy, BorderRejectsNegativeBordersAndSmallDestinations) {
@@ -513,19 +475,14 @@ TEST(ImageCopy, BorderRejectsNegativeBordersAndSmallDestinations) {
     };
     for (const auto& b : bad)
         expectRejectedOnEveryLevel(
-            dst, StatusSize,
-            [&](int l) {
+            dst, StatusSize, "border " + std::to_string(b.top) + "," + std::to_string(b.left), [&](int l) {
                 return vek::vekTable_vekiCopyReplicateBorder_32s_C1R[l](
                     src.origin(), src.step(), b.srcRoi, dst.origin(), dst.step(), b.dstRoi, b.top, b.left);
-            },
-            "border " + std::to_string(b.top) + "," + std::to_string(b.left));
-    expectRejectedOnEveryLevel(
-        dst, StatusNullPointer,
-        [&](int l) {
-            return vek::vekTable_vekiCopyReplicateBorder_32s_C1R[l](nullptr, src.step(), VekiSize{0, 0}, dst.origin(),
-                                                                    dst.step(), VekiSize{10, 8}, -1, 0);
-        },
-        "pointer first");
+            });
+    expectRejectedOnEveryLevel(dst, StatusNullPointer, "pointer first", [&](int l) {
+        return vek::vekTable_vekiCopyReplicateBorder_32s_C1R[l](nullptr, src.step(), VekiSize{0, 0}, dst.origin(),
+                                                                dst.step(), VekiSize{10, 8}, -1, 0);
+    });
     for (int level : availableLevels())  // exactly fitting: no right or bottom border
         EXPECT_EQ(vek::vekTable_vekiCopyReplicateBorder_32s_C1R[level](src.origin(), src.step(), VekiSize{4, 3},
                                                                        dst.origin(), dst.step(), VekiSize{10, 8}, 5, 6),

@@ -8,22 +8,10 @@
 // program), prints the command line that reruns it with the same inputs.
 #include <gtest/gtest.h>
 #include <stdio.h>
-#include <string.h>
 
-#include <algorithm>
 #include <string>
 
 #include "harness.h"
-
-#ifdef _WIN32
-#    ifndef NOMINMAX
-#        define NOMINMAX
-#    endif
-#    include <windows.h>
-#else
-#    include <signal.h>
-#    include <unistd.h>
-#endif
 
 namespace vektest {
 namespace {
@@ -36,52 +24,14 @@ std::string rerunCommand(const std::string& test) {
     return line + " " + program + " --gtest_filter='" + test + "'";
 }
 
-// What a fault handler writes: composed when a test starts, because a
-// handler should only write what is ready.
-char crashNote[1024];
-size_t crashNoteLength = 0;
-
-#ifdef _WIN32
-// A fault is not caught by a MinGW build of GoogleTest: it ends the program
-// through this filter, which hands it on to the default report.
-LONG WINAPI onFault(EXCEPTION_POINTERS*) {
-    DWORD written;
-    WriteFile(GetStdHandle(STD_ERROR_HANDLE), crashNote, static_cast<DWORD>(crashNoteLength), &written, nullptr);
-    return EXCEPTION_CONTINUE_SEARCH;
-}
-
-void installFaultNote() { SetUnhandledExceptionFilter(onFault); }
-#else
-struct sigaction previousSegv, previousBus;
-
-// Writes the note, puts the previous handler back and returns: the faulting
-// access runs again and that handler (AddressSanitizer's, or the default
-// one that ends the program) takes it.
-void onFault(int signal) {
-    ssize_t ignored = write(2, crashNote, crashNoteLength);
-    (void)ignored;
-    sigaction(signal, signal == SIGSEGV ? &previousSegv : &previousBus, nullptr);
-}
-
-void installFaultNote() {
-    struct sigaction action = {};
-    action.sa_handler = onFault;
-    sigemptyset(&action.sa_mask);
-    sigaction(SIGSEGV, &action, &previousSegv);
-    sigaction(SIGBUS, &action, &previousBus);
-}
-#endif
-
 class SeedListener : public ::testing::EmptyTestEventListener {
     void OnTestStart(const ::testing::TestInfo& info) override {
         const std::string name = std::string(info.test_suite_name()) + "." + info.name();
         reseed(name);
-        const std::string note = "\n[ CRASHED  ] " + name + "; rerun with: " + rerunCommand(name) + "\n";
-        crashNoteLength = std::min(note.size(), sizeof crashNote);
-        memcpy(crashNote, note.data(), crashNoteLength);
+        setFaultNote("\n[ CRASHED  ] " + name + "; rerun with: " + rerunCommand(name) + "\n");
     }
     void OnTestEnd(const ::testing::TestInfo& info) override {
-        crashNoteLength = 0;
+        setFaultNote("");
         if (!info.result()->Failed()) return;
         const std::string name = std::string(info.test_suite_name()) + "." + info.name();
         printf("[   SEED   ] rerun with: %s\n", rerunCommand(name).c_str());

@@ -262,14 +262,6 @@ TEST(VectorReference, NarrowingSaturatesAndThresholdsClamp) {
 
 // ---- the rules at the entry, on every level ----------------------------------------
 
-template <class F>
-void onEveryLevel(F f) {
-    for (int level : availableLevels()) {
-        SCOPED_TRACE("level " + std::to_string(level));
-        f(level);
-    }
-}
-
 TEST(VectorEntry, KnownResults) {
     onEveryLevel([](int level) {
         Vek16s s16[3] = {-1, 5, 0x4001}, d16[3] = {};
