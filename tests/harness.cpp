@@ -1,7 +1,9 @@
-// The shared state of the differential harness and the tests that walk the
-// export list: every export has a differential case, and every case runs.
+// The shared state of the differential harness (profile, levels, lengths,
+// the seeded generator) and the tests that walk the export list: every
+// export has a differential case, and every case runs.
 #include "harness.h"
 
+#include <stdio.h>
 #include <stdlib.h>
 
 #include <set>
@@ -38,8 +40,36 @@ const std::vector<int>& testLengths() {
 }
 
 Rng& rng() {
-    static Rng r(20261123);
+    static Rng r;
     return r;
+}
+
+uint64_t baseSeed() {
+    static const uint64_t seed = [] {
+        const char* text = getenv("VEK_TEST_SEED");
+        if (!text || !*text) return uint64_t(20261123);
+        char* end = nullptr;
+        const unsigned long long value = strtoull(text, &end, 0);
+        if (*end) {
+            fprintf(stderr, "VEK_TEST_SEED must be a number, not \"%s\"\n", text);
+            exit(2);
+        }
+        return uint64_t(value);
+    }();
+    return seed;
+}
+
+// The seed of one test: the base seed and the name's FNV-1a hash, mixed
+// (splitmix64's finaliser) so that nearby seeds give unrelated sequences.
+void reseed(const std::string& testName) {
+    uint64_t h = 0xCBF29CE484222325u;
+    for (unsigned char c : testName) h = (h ^ c) * 0x100000001B3u;
+    uint64_t z = baseSeed() ^ h;
+    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
+    z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
+    z ^= z >> 31;
+    std::seed_seq seq{uint32_t(z), uint32_t(z >> 32)};
+    rng().seed(seq);
 }
 
 std::vector<DiffCase>& diffCases() {

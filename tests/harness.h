@@ -4,8 +4,17 @@
 // A case draws random inputs and hands them to compareLevels(), which runs
 // level 0 and then every other level the processor supports on the same
 // inputs and checks that statuses, outputs and the guard bytes around the
-// outputs are identical.  Inputs end exactly at the end of their heap block,
-// so a read past them trips AddressSanitizer.
+// outputs are identical.
+//
+// Inputs and outputs end at a no-access page (guarded_memory.h), so a read
+// or write past them faults on every target, under qemu-i386 and Wine too;
+// canary bytes before outputs catch writes there.
+//
+// Random inputs are reproducible: before each test the generator is
+// reseeded from the base seed (VEK_TEST_SEED, a number; a fixed default
+// when unset) and the test's full name, so a rerun of one test with
+// --gtest_filter draws what it drew in the full run.  The program prints the
+// base seed, and every failure prints the command that reruns it.
 #ifndef VEK_TESTS_HARNESS_H
 #define VEK_TESTS_HARNESS_H
 
@@ -21,11 +30,9 @@
 
 #include "core/cpu.h"
 #include "core/dispatch.h"
+#include "guarded_memory.h"
 
 namespace vektest {
-
-// The tables (vekTable_<export>) and level helpers live in namespace vek.
-using namespace vek;
 
 // VEK_TEST_PROFILE=light (used under emulation) runs fewer random rounds;
 // the exports, levels and sizes covered stay the same.
@@ -39,30 +46,46 @@ const std::vector<int>& availableLevels();
 // multiples plus and minus one, and a few large ones.
 const std::vector<int>& testLengths();
 
+// The generator every random input comes from; reseed() starts a test's
+// sequence (the test program does so before each test).
 using Rng = std::mt19937;
 Rng& rng();
+uint64_t baseSeed();  // VEK_TEST_SEED, or the fixed default
+void reseed(const std::string& testName);
 
-// A typed array whose last element is the last byte of its heap block.
-// `offset` shifts the start by that many elements (misalignment).
+// A typed input array whose last element is the last byte before a
+// no-access page.  `offset` (misalignment) leaves that many elements of
+// slack between the last element and the page, poisoned for the sanitizer;
+// with offset 0 a read of one byte too many faults on every target.
 template <class T>
 class InputArray {
 public:
     InputArray(int count, int offset = 0)
-        : block_(new unsigned char[sizeof(T) * (count + offset)]),
-          data_(reinterpret_cast<T*>(block_.get()) + offset),
-          count_(count) {}
+        : block_(sizeof(T) * (count + offset)), data_(reinterpret_cast<T*>(block_.data())), count_(count) {
+        poisonForSanitizer(data_ + count, sizeof(T) * offset);
+    }
     T* data() { return data_; }
     const T* data() const { return data_; }
     int size() const { return count_; }
     T& operator[](int i) { return data_[i]; }
 
 private:
-    std::unique_ptr<unsigned char[]> block_;
+    GuardedBlock block_;
     T* data_;
     int count_;
 };
 
-// An output array with guard bytes before and after it.
+// A copy of `v` (which may be empty) that ends at a no-access page.
+template <class T>
+InputArray<T> guardedCopy(const std::vector<T>& v) {
+    InputArray<T> copy(static_cast<int>(v.size()));
+    if (!v.empty()) memcpy(copy.data(), v.data(), sizeof(T) * v.size());
+    return copy;
+}
+
+// An output array with canary bytes before it, ending at a no-access page
+// like InputArray; its `offsetElements` of slack before the page hold
+// canary bytes too.
 constexpr int kGuardBytes = 64;
 constexpr unsigned char kGuard = 0xA5;
 
@@ -70,33 +93,26 @@ template <class T>
 class GuardedArray {
 public:
     explicit GuardedArray(int count, int offsetElements = 0)
-        : bytes_(kGuardBytes * 2 + sizeof(T) * (count + offsetElements)),
-          block_(bytes_, kGuard),
-          count_(count),
-          offset_(offsetElements) {}
-    T* data() { return reinterpret_cast<T*>(block_.data() + kGuardBytes) + offset_; }
+        : block_(kGuardBytes + sizeof(T) * (count + offsetElements)), count_(count) {
+        memset(block_.data(), kGuard, block_.size());
+    }
+    T* data() { return reinterpret_cast<T*>(block_.data() + kGuardBytes); }
     int size() const { return count_; }
     T& operator[](int i) { return data()[i]; }
     // Fills the elements (not the guards) from a reference copy.
     void fill(const std::vector<T>& v) { memcpy(data(), v.data(), sizeof(T) * count_); }
     std::vector<T> contents() { return std::vector<T>(data(), data() + count_); }
-    bool guardsIntact() const;
-    const std::vector<unsigned char>& raw() const { return block_; }
+    bool guardsIntact() const {
+        const unsigned char* p = block_.data();
+        for (size_t i = 0; i < block_.size(); ++i)
+            if ((i < kGuardBytes || i >= kGuardBytes + sizeof(T) * count_) && p[i] != kGuard) return false;
+        return true;
+    }
 
 private:
-    size_t bytes_;
-    std::vector<unsigned char> block_;
-    int count_, offset_;
+    GuardedBlock block_;
+    int count_;
 };
-
-template <class T>
-bool GuardedArray<T>::guardsIntact() const {
-    const size_t dataBegin = kGuardBytes + sizeof(T) * offset_;
-    const size_t dataEnd = dataBegin + sizeof(T) * count_;
-    for (size_t i = 0; i < block_.size(); ++i)
-        if ((i < kGuardBytes || i >= dataEnd) && block_[i] != kGuard) return false;
-    return true;
-}
 
 // Bitwise equality, except that any two NaNs of a float type compare equal
 // (which input's payload a NaN carries is not fixed across levels).
@@ -127,6 +143,15 @@ void compareLevels(GuardedArray<T>& out, const std::vector<T>& initial, Call cal
         for (int i = 0; i < out.size(); ++i)
             ASSERT_TRUE(sameBits(got[i], ref[i])) << "level " << level << " element " << i << ": " << +got[i]
                                                   << " vs level 0 " << +ref[i] << "; " << what;
+    }
+}
+
+// Runs f(level) on every available level, naming the level on failure.
+template <class F>
+void onEveryLevel(F f) {
+    for (int level : availableLevels()) {
+        SCOPED_TRACE("level " + std::to_string(level));
+        f(level);
     }
 }
 

@@ -2,9 +2,10 @@
 //
 // An image of `height` rows of `samples` elements, `step` bytes apart, is
 // held as one flat span from the first sample of the first row to the last
-// sample of the last row.  Sources are InputArrays over that span (so a read
-// past the last row trips AddressSanitizer); destinations are GuardedArrays,
-// whose guards catch writes before and after the span.  The padding between
+// sample of the last row.  Sources are InputArrays over that span and
+// destinations GuardedArrays: both end at a no-access page (past the last
+// row, a read faults and a write faults or spoils a guard), and canaries
+// before a destination catch writes there.  The padding between
 // rows is part of the span and is filled with a marker: the differential
 // harness then sees any write to it as a difference from the marker.
 #ifndef VEK_TESTS_IMAGE_CONVERT_HARNESS_H

@@ -3,13 +3,15 @@
 // A GuardedImage holds `height` rows of `rowSamples` samples laid out as a
 // caller's image would be: rows a step apart with padding bytes between
 // them, optionally bottom-up (negative step) or all on one row (zero step),
-// with the first row off the allocator's alignment.  Everything that is not
-// a sample of a row (guard zones around the image and the padding between
-// rows) holds a guard byte, so a write outside the region shows; an input
-// image may instead end exactly at the end of its heap block, so a read past
-// its last row trips AddressSanitizer.  compareImageLevels runs an export at
-// level 0 and at every other level on the same image and compares every
-// byte of the block, guards and padding included.
+// with the first row off the 16-byte alignment.  Everything that is not a
+// sample of a row (guard zones around the image and the padding between
+// rows) holds a guard byte, so a write outside the region shows.  The block
+// ends at a no-access page (guarded_memory.h); an input image ends there
+// with its last row in memory (no guard zone after it), so a read past that
+// row faults on every target; its alignment then follows from its size.
+// compareImageLevels runs an export at level 0 and at every other level on
+// the same image and compares every byte of the block, guards and padding
+// included.
 #ifndef VEK_TESTS_IMAGE_HARNESS_H
 #define VEK_TESTS_IMAGE_HARNESS_H
 
@@ -24,8 +26,8 @@ struct ImageLayout {
     int paddingBytes = 0;    // between the end of one row and the start of the next
     bool bottomUp = false;   // negative step: row 0 is the last in memory
     bool zeroStep = false;   // every row is the same memory
-    int misalignBytes = 0;   // first row this far past a 16-byte boundary
-    bool guardAfter = true;  // false: the last row in memory ends its heap block
+    int misalignBytes = 0;   // first row in memory this far past a 16-byte boundary
+    bool guardAfter = true;  // false: the last row in memory ends at the page (alignment as it falls)
 
     std::string describe() const {
         return "padding " + std::to_string(paddingBytes) + (bottomUp ? " bottom-up" : "") +
@@ -52,16 +54,17 @@ public:
     static constexpr unsigned char kGuardByte = 0xA5;
 
     GuardedImage(int rowSamples, int height, ImageLayout layout = {})
-        : rowSamples_(rowSamples), height_(height), layout_(layout) {
-        const size_t rowBytes = sizeof(T) * rowSamples;
-        absStep_ = rowBytes + layout.paddingBytes;
-        memoryRows_ = layout.zeroStep ? 1 : height;
-        first_ = kGuardZone + layout.misalignBytes;
-        size_ = first_ + absStep_ * (memoryRows_ - 1) + rowBytes + (layout.guardAfter ? kGuardZone : 0);
-        block_.reset(new unsigned char[size_]);
+        : rowSamples_(rowSamples),
+          height_(height),
+          layout_(layout),
+          absStep_(sizeof(T) * rowSamples + layout.paddingBytes),
+          memoryRows_(layout.zeroStep ? 1 : height),
+          size_(blockBytes(absStep_ * (memoryRows_ - 1) + sizeof(T) * rowSamples, layout)),
+          block_(size_) {
+        layout_.misalignBytes = static_cast<int>(reinterpret_cast<uintptr_t>(block_.data() + kGuardZone) % 16);
         isSample_.assign(size_, false);
         for (int m = 0; m < memoryRows_; ++m)
-            for (size_t b = 0; b < rowBytes; ++b) isSample_[first_ + m * absStep_ + b] = true;
+            for (size_t b = 0; b < sizeof(T) * rowSamples; ++b) isSample_[kGuardZone + m * absStep_ + b] = true;
         fill([](int, int) { return randomValue<T>(); });
     }
 
@@ -77,25 +80,25 @@ public:
     }
     T* row(int y) {
         const int m = layout_.zeroStep ? 0 : (layout_.bottomUp ? height_ - 1 - y : y);
-        return reinterpret_cast<T*>(block_.get() + first_ + m * absStep_);
+        return reinterpret_cast<T*>(block_.data() + kGuardZone + m * absStep_);
     }
     T& at(int sample, int y) { return row(y)[sample]; }
 
     // Samples from value(sample, row); guards everywhere else.
     template <class F>
     void fill(F value) {
-        memset(block_.get(), kGuardByte, size_);
+        memset(block_.data(), kGuardByte, size_);
         for (int y = 0; y < height_; ++y)
             for (int i = 0; i < rowSamples_; ++i) row(y)[i] = value(i, y);
     }
 
     bool guardsIntact() const {
         for (size_t i = 0; i < size_; ++i)
-            if (!isSample_[i] && block_[i] != kGuardByte) return false;
+            if (!isSample_[i] && block_.data()[i] != kGuardByte) return false;
         return true;
     }
-    std::vector<unsigned char> raw() const { return std::vector<unsigned char>(block_.get(), block_.get() + size_); }
-    void setRaw(const std::vector<unsigned char>& v) { memcpy(block_.get(), v.data(), size_); }
+    std::vector<unsigned char> raw() const { return std::vector<unsigned char>(block_.data(), block_.data() + size_); }
+    void setRaw(const std::vector<unsigned char>& v) { memcpy(block_.data(), v.data(), size_); }
 
     // The samples, row by row.
     std::vector<T> samples() {
@@ -105,11 +108,19 @@ public:
     }
 
 private:
+    // The guard zone, the rows, and after an output's rows a guard zone and
+    // the slack before the page that puts the first row at its misalignment.
+    static size_t blockBytes(size_t span, const ImageLayout& l) {
+        const size_t tail = l.guardAfter ? kGuardZone + (16 - (span + l.misalignBytes) % 16) % 16 : 0;
+        return kGuardZone + span + tail;
+    }
+
     int rowSamples_, height_;
     ImageLayout layout_;
-    size_t absStep_ = 0, first_ = 0, size_ = 0;
-    int memoryRows_ = 0;
-    std::unique_ptr<unsigned char[]> block_;
+    size_t absStep_;
+    int memoryRows_;
+    size_t size_;
+    GuardedBlock block_;
     std::vector<bool> isSample_;
 };
 
@@ -136,7 +147,7 @@ void compareImageLevels(GuardedImage<T>& out, Call call, const std::string& what
 // Calls that must fail: each level returns `expected` and leaves the image
 // exactly as it was.
 template <class T, class Call>
-void expectRejectedOnEveryLevel(GuardedImage<T>& image, int expected, Call call, const std::string& what) {
+void expectRejectedOnEveryLevel(GuardedImage<T>& image, int expected, const std::string& what, Call call) {
     const std::vector<unsigned char> initial = image.raw();
     for (int level : availableLevels()) {
         EXPECT_EQ(call(level), expected) << "level " << level << "; " << what;

@@ -139,7 +139,7 @@ void diffArith(const Fn* table) {
     });
 }
 
-#define VEK_ARITH_DIFF(name, T) VEK_DIFF_CASE(name, [] { diffArith<T>(vekTable_##name); })
+#define VEK_ARITH_DIFF(name, T) VEK_DIFF_CASE(name, [] { diffArith<T>(vek::vekTable_##name); })
 
 VEK_ARITH_DIFF(veksAdd_16s_Sfs, Vek16s);
 VEK_ARITH_DIFF(veksAdd_16s_ISfs, Vek16s);
@@ -211,17 +211,17 @@ void checkAgainstReference(const Fn* table, char op) {
 }
 
 TEST(ArithReference, ScaledMembersRoundHalfToEvenAndSaturate) {
-    checkAgainstReference<Vek16s>(vekTable_veksAdd_16s_Sfs, '+');
-    checkAgainstReference<Vek16s>(vekTable_veksSub_16s_Sfs, '-');
-    checkAgainstReference<Vek16s>(vekTable_veksAddC_16s_Sfs, '+');
-    checkAgainstReference<Vek16s>(vekTable_veksSubC_16s_Sfs, 'c');
-    checkAgainstReference<Vek16s>(vekTable_veksMulC_16s_Sfs, '*');
-    checkAgainstReference<Vek32s>(vekTable_veksAdd_32s_Sfs, '+');
-    checkAgainstReference<Vek32s>(vekTable_veksSub_32s_Sfs, '-');
-    checkAgainstReference<Vek32s>(vekTable_veksMul_32s_Sfs, '*');
-    checkAgainstReference<Vek32s>(vekTable_veksAddC_32s_Sfs, '+');
-    checkAgainstReference<Vek32s>(vekTable_veksSubC_32s_Sfs, 'c');
-    checkAgainstReference<Vek32s>(vekTable_veksMulC_32s_Sfs, '*');
+    checkAgainstReference<Vek16s>(vek::vekTable_veksAdd_16s_Sfs, '+');
+    checkAgainstReference<Vek16s>(vek::vekTable_veksSub_16s_Sfs, '-');
+    checkAgainstReference<Vek16s>(vek::vekTable_veksAddC_16s_Sfs, '+');
+    checkAgainstReference<Vek16s>(vek::vekTable_veksSubC_16s_Sfs, 'c');
+    checkAgainstReference<Vek16s>(vek::vekTable_veksMulC_16s_Sfs, '*');
+    checkAgainstReference<Vek32s>(vek::vekTable_veksAdd_32s_Sfs, '+');
+    checkAgainstReference<Vek32s>(vek::vekTable_veksSub_32s_Sfs, '-');
+    checkAgainstReference<Vek32s>(vek::vekTable_veksMul_32s_Sfs, '*');
+    checkAgainstReference<Vek32s>(vek::vekTable_veksAddC_32s_Sfs, '+');
+    checkAgainstReference<Vek32s>(vek::vekTable_veksSubC_32s_Sfs, 'c');
+    checkAgainstReference<Vek32s>(vek::vekTable_veksMulC_32s_Sfs, '*');
 }
 
 // Float members give the correctly rounded single-precision result, which
@@ -231,7 +231,8 @@ TEST(ArithReference, FloatMembersAreCorrectlyRounded) {
     const struct {
         F fn;
         char op;
-    } cases[] = {{vekTable_veksAdd_32f[0], '+'}, {vekTable_veksSub_32f[0], '-'}, {vekTable_veksMul_32f[0], '*'}};
+    } cases[] = {
+        {vek::vekTable_veksAdd_32f[0], '+'}, {vek::vekTable_veksSub_32f[0], '-'}, {vek::vekTable_veksMul_32f[0], '*'}};
     for (const auto& c : cases) {
         for (int round = 0; round < rounds(200); ++round) {
             std::vector<Vek32f> a = randomVector<Vek32f>(64), b = randomVector<Vek32f>(64), d(64);
@@ -249,20 +250,11 @@ TEST(ArithReference, FloatMembersAreCorrectlyRounded) {
 
 // ---- the rules at the entry, on every level -------------------------------------
 
-// Runs f(level) on every available level.
-template <class F>
-void onEveryLevel(F f) {
-    for (int level : availableLevels()) {
-        SCOPED_TRACE("level " + std::to_string(level));
-        f(level);
-    }
-}
-
 TEST(ArithEntry, TiesGoToEvenAndExtremeScalesSaturateOrClear) {
     onEveryLevel([](int level) {
         auto add = [&](Vek16s x, Vek16s y, int sf) {
             Vek16s d = 99;
-            EXPECT_EQ(vekTable_veksAdd_16s_Sfs[level](&x, &y, &d, 1, sf), StatusOk);
+            EXPECT_EQ(vek::vekTable_veksAdd_16s_Sfs[level](&x, &y, &d, 1, sf), StatusOk);
             return d;
         };
         EXPECT_EQ(add(3, 4, 1), 4);  // 3.5 -> 4
@@ -279,33 +271,33 @@ TEST(ArithEntry, TiesGoToEvenAndExtremeScalesSaturateOrClear) {
         EXPECT_EQ(add(-32768, -32768, 16), -1);  // -65536 / 65536
 
         Vek16s s1 = 1, s2 = 5, d = 0;
-        EXPECT_EQ(vekTable_veksSub_16s_Sfs[level](&s1, &s2, &d, 1, 0), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksSub_16s_Sfs[level](&s1, &s2, &d, 1, 0), StatusOk);
         EXPECT_EQ(d, 4);  // src2 - src1
         Vek16s io = 10;
-        EXPECT_EQ(vekTable_veksSubC_16s_ISfs[level](3, &io, 1, 0), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksSubC_16s_ISfs[level](3, &io, 1, 0), StatusOk);
         EXPECT_EQ(io, 7);  // srcDst - value
 
         // The 64-bit product of the 32-bit members rounds before saturating.
         Vek32s a = INT32_MIN, b = INT32_MIN, r = 0;
-        EXPECT_EQ(vekTable_veksMul_32s_Sfs[level](&a, &b, &r, 1, 0), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksMul_32s_Sfs[level](&a, &b, &r, 1, 0), StatusOk);
         EXPECT_EQ(r, INT32_MAX);
-        EXPECT_EQ(vekTable_veksMul_32s_Sfs[level](&a, &b, &r, 1, 32), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksMul_32s_Sfs[level](&a, &b, &r, 1, 32), StatusOk);
         EXPECT_EQ(r, 1 << 30);
         a = 3, b = 1;
-        EXPECT_EQ(vekTable_veksMul_32s_Sfs[level](&a, &b, &r, 1, 1), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksMul_32s_Sfs[level](&a, &b, &r, 1, 1), StatusOk);
         EXPECT_EQ(r, 2);  // 1.5 -> 2
         a = INT32_MAX, b = INT32_MAX;
-        EXPECT_EQ(vekTable_veksAdd_32s_Sfs[level](&a, &b, &r, 1, 1), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksAdd_32s_Sfs[level](&a, &b, &r, 1, 1), StatusOk);
         EXPECT_EQ(r, INT32_MAX);
         a = INT32_MIN, b = INT32_MAX;  // 2^32 - 1 halves to 2^31 - 0.5 -> 2^31, saturated
-        EXPECT_EQ(vekTable_veksSub_32s_Sfs[level](&a, &b, &r, 1, 1), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksSub_32s_Sfs[level](&a, &b, &r, 1, 1), StatusOk);
         EXPECT_EQ(r, INT32_MAX);
         a = 1, b = 0;
-        EXPECT_EQ(vekTable_veksAdd_32s_Sfs[level](&a, &b, &r, 1, -31), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksAdd_32s_Sfs[level](&a, &b, &r, 1, -31), StatusOk);
         EXPECT_EQ(r, INT32_MAX);
-        EXPECT_EQ(vekTable_veksAdd_32s_Sfs[level](&a, &b, &r, 1, -30), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksAdd_32s_Sfs[level](&a, &b, &r, 1, -30), StatusOk);
         EXPECT_EQ(r, 1 << 30);
-        EXPECT_EQ(vekTable_veksAdd_32s_Sfs[level](&a, &b, &r, 1, 33), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksAdd_32s_Sfs[level](&a, &b, &r, 1, 33), StatusOk);
         EXPECT_EQ(r, 0);
     });
 }
@@ -346,23 +338,23 @@ void checkConstInPlaceEntry(const Fn* table, int level) {
 
 TEST(ArithEntry, NullPointersComeBeforeLengthAndNothingIsWritten) {
     onEveryLevel([](int level) {
-        checkBinaryEntry<Vek16s>(vekTable_veksAdd_16s_Sfs, level, true);
-        checkBinaryEntry<Vek16s>(vekTable_veksSub_16s_Sfs, level, true);
-        checkBinaryEntry<Vek32s>(vekTable_veksAdd_32s_Sfs, level, true);
-        checkBinaryEntry<Vek32s>(vekTable_veksSub_32s_Sfs, level, true);
-        checkBinaryEntry<Vek32s>(vekTable_veksMul_32s_Sfs, level, true);
-        checkBinaryEntry<Vek32f>(vekTable_veksAdd_32f, level, false);
-        checkBinaryEntry<Vek32f>(vekTable_veksSub_32f, level, false);
-        checkBinaryEntry<Vek32f>(vekTable_veksMul_32f, level, false);
-        checkConstInPlaceEntry<Vek16s>(vekTable_veksAddC_16s_ISfs, level);
-        checkConstInPlaceEntry<Vek16s>(vekTable_veksMulC_16s_ISfs, level);
-        checkConstInPlaceEntry<Vek32s>(vekTable_veksSubC_32s_ISfs, level);
-        checkConstInPlaceEntry<Vek32s>(vekTable_veksMulC_32s_ISfs, level);
-        checkConstInPlaceEntry<Vek32f>(vekTable_veksMulC_32f_I, level);
+        checkBinaryEntry<Vek16s>(vek::vekTable_veksAdd_16s_Sfs, level, true);
+        checkBinaryEntry<Vek16s>(vek::vekTable_veksSub_16s_Sfs, level, true);
+        checkBinaryEntry<Vek32s>(vek::vekTable_veksAdd_32s_Sfs, level, true);
+        checkBinaryEntry<Vek32s>(vek::vekTable_veksSub_32s_Sfs, level, true);
+        checkBinaryEntry<Vek32s>(vek::vekTable_veksMul_32s_Sfs, level, true);
+        checkBinaryEntry<Vek32f>(vek::vekTable_veksAdd_32f, level, false);
+        checkBinaryEntry<Vek32f>(vek::vekTable_veksSub_32f, level, false);
+        checkBinaryEntry<Vek32f>(vek::vekTable_veksMul_32f, level, false);
+        checkConstInPlaceEntry<Vek16s>(vek::vekTable_veksAddC_16s_ISfs, level);
+        checkConstInPlaceEntry<Vek16s>(vek::vekTable_veksMulC_16s_ISfs, level);
+        checkConstInPlaceEntry<Vek32s>(vek::vekTable_veksSubC_32s_ISfs, level);
+        checkConstInPlaceEntry<Vek32s>(vek::vekTable_veksMulC_32s_ISfs, level);
+        checkConstInPlaceEntry<Vek32f>(vek::vekTable_veksMulC_32f_I, level);
         // Scale factors above the limit take the zero fill, which checks too.
         Vek16s a[1] = {1}, d[1] = {9};
-        EXPECT_EQ(vekTable_veksAddC_16s_Sfs[level](a, 1, nullptr, 1, 40), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksAddC_16s_Sfs[level](a, 1, d, 0, 40), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksAddC_16s_Sfs[level](a, 1, nullptr, 1, 40), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksAddC_16s_Sfs[level](a, 1, d, 0, 40), StatusSize);
         EXPECT_EQ(d[0], 9);
     });
 }
@@ -371,7 +363,7 @@ TEST(ArithEntry, NullPointersComeBeforeLengthAndNothingIsWritten) {
 TEST(ArithEntry, PublicEntryUsesTheChosenLevel) {
     Vek32s a[5] = {1, -2, INT32_MAX, INT32_MIN, 7}, b[5] = {3, 3, 3, -3, 7}, viaEntry[5], viaTable[5];
     ASSERT_EQ(veksMul_32s_Sfs(a, b, viaEntry, 5, 1), StatusOk);
-    ASSERT_EQ(vekTable_veksMul_32s_Sfs[vek::DispatchLevel](a, b, viaTable, 5, 1), StatusOk);
+    ASSERT_EQ(vek::vekTable_veksMul_32s_Sfs[vek::DispatchLevel](a, b, viaTable, 5, 1), StatusOk);
     EXPECT_EQ(0, memcmp(viaEntry, viaTable, sizeof viaEntry));
 }
 

@@ -69,8 +69,8 @@ void diffChecksum(Fn* const* table, bool adler) {
         }
 }
 
-VEK_DIFF_CASE(veksCRC32_8u, [] { diffChecksum(vekTable_veksCRC32_8u, false); });
-VEK_DIFF_CASE(veksAdler32_8u, [] { diffChecksum(vekTable_veksAdler32_8u, true); });
+VEK_DIFF_CASE(veksCRC32_8u, [] { diffChecksum(vek::vekTable_veksCRC32_8u, false); });
+VEK_DIFF_CASE(veksAdler32_8u, [] { diffChecksum(vek::vekTable_veksAdler32_8u, true); });
 
 TEST(Checksums, CrcTablesFollowFromThePolynomial) {
     const auto& K = vek::crc32::kCrc32Table;
@@ -115,8 +115,8 @@ TEST(Checksums, EveryLevelEqualsZlib) {
                 const uint8_t* p = data.data() + offset;
                 const Vek32u seed = rng()() % 2 ? 0 : Vek32u(rng()());
                 Vek32u crc = seed, adler = 1;
-                vekTable_veksCRC32_8u[level](p, len, &crc);
-                vekTable_veksAdler32_8u[level](p, len, &adler);
+                vek::vekTable_veksCRC32_8u[level](p, len, &crc);
+                vek::vekTable_veksAdler32_8u[level](p, len, &adler);
                 ASSERT_EQ(crc, ::crc32(seed, p, uInt(len)))
                     << "level " << level << " len " << len << " offset " << offset;
                 ASSERT_EQ(adler, ::adler32(1, p, uInt(len)))
@@ -130,21 +130,21 @@ TEST(Checksums, KnownValuesAndSplitsOnEveryLevel) {
     const std::vector<uint8_t> ff(11111, 0xFF);
     for (int level : availableLevels()) {
         Vek32u crc = 0, adler = 1;
-        EXPECT_EQ(vekTable_veksCRC32_8u[level](digits, 9, &crc), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksCRC32_8u[level](digits, 9, &crc), StatusOk);
         EXPECT_EQ(crc, 0xCBF43926u);
-        EXPECT_EQ(vekTable_veksAdler32_8u[level](digits, 9, &adler), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksAdler32_8u[level](digits, 9, &adler), StatusOk);
         EXPECT_EQ(adler, 0x091E01DEu);
         adler = 1;
-        vekTable_veksAdler32_8u[level](ff.data(), int(ff.size()), &adler);
+        vek::vekTable_veksAdler32_8u[level](ff.data(), int(ff.size()), &adler);
         EXPECT_EQ(adler, 0x9D7B3E1Fu) << "level " << level;
 
         const std::vector<uint8_t> data = checksumInput(3000);
         for (int cut = 1; cut < 3000; cut += 1 + cut / 3) {
             Vek32u c = 0, a = 1;
-            vekTable_veksCRC32_8u[level](data.data(), cut, &c);
-            vekTable_veksCRC32_8u[level](data.data() + cut, 3000 - cut, &c);
-            vekTable_veksAdler32_8u[level](data.data(), cut, &a);
-            vekTable_veksAdler32_8u[level](data.data() + cut, 3000 - cut, &a);
+            vek::vekTable_veksCRC32_8u[level](data.data(), cut, &c);
+            vek::vekTable_veksCRC32_8u[level](data.data() + cut, 3000 - cut, &c);
+            vek::vekTable_veksAdler32_8u[level](data.data(), cut, &a);
+            vek::vekTable_veksAdler32_8u[level](data.data() + cut, 3000 - cut, &a);
             ASSERT_EQ(c, referenceCrc32(data.data(), 3000, 0)) << "level " << level << " cut " << cut;
             ASSERT_EQ(a, referenceAdler32(data.data(), 3000, 1)) << "level " << level << " cut " << cut;
         }
@@ -155,21 +155,21 @@ TEST(Checksums, RulesAtEntry) {
     const uint8_t byte = 0x61;
     for (int level : availableLevels()) {
         Vek32u v = 12345;
-        EXPECT_EQ(vekTable_veksAdler32_8u[level](&byte, 1, nullptr), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksAdler32_8u[level](nullptr, -5, &v), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksAdler32_8u[level](&byte, 1, nullptr), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksAdler32_8u[level](nullptr, -5, &v), StatusOk);
         EXPECT_EQ(v, 1u);  // a null source asks for the start value
         v = 0x00620062;
-        EXPECT_EQ(vekTable_veksAdler32_8u[level](&byte, 0, &v), StatusOk);
-        EXPECT_EQ(vekTable_veksAdler32_8u[level](&byte, -1, &v), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksAdler32_8u[level](&byte, 0, &v), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksAdler32_8u[level](&byte, -1, &v), StatusOk);
         EXPECT_EQ(v, 0x00620062u);
 
         v = 777;
-        EXPECT_EQ(vekTable_veksCRC32_8u[level](nullptr, 1, &v), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksCRC32_8u[level](&byte, 1, nullptr), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksCRC32_8u[level](&byte, 0, &v), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksCRC32_8u[level](nullptr, 1, &v), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksCRC32_8u[level](&byte, 1, nullptr), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksCRC32_8u[level](&byte, 0, &v), StatusSize);
         EXPECT_EQ(v, 777u);
         v = 0;
-        EXPECT_EQ(vekTable_veksCRC32_8u[level](&byte, 1, &v), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksCRC32_8u[level](&byte, 1, &v), StatusOk);
         EXPECT_EQ(v, 0xE8B7BE43u);
     }
 }

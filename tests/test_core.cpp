@@ -142,10 +142,10 @@ TEST(Services, FlushToZeroChangesSseResultsOnly) {
     ASSERT_EQ(vekSetFlushToZero(1), StatusOk);
     const Vek32f tiny = 1e-38f, half = 0.5f;
     Vek32f r = 1;
-    EXPECT_EQ(vekTable_veksMul_32f[1](&tiny, &half, &r, 1), StatusOk);
+    EXPECT_EQ(vek::vekTable_veksMul_32f[1](&tiny, &half, &r, 1), StatusOk);
     EXPECT_EQ(r, 0.0f);  // the subnormal result is flushed
     ASSERT_EQ(vekSetFlushToZero(0), StatusOk);
-    EXPECT_EQ(vekTable_veksMul_32f[1](&tiny, &half, &r, 1), StatusOk);
+    EXPECT_EQ(vek::vekTable_veksMul_32f[1](&tiny, &half, &r, 1), StatusOk);
     EXPECT_GT(r, 0.0f);
     const VekStatus daz = vekSetDenormAreZeros(0);
     EXPECT_TRUE(daz == StatusOk || daz == StatusCpuNotSupported);
@@ -154,7 +154,8 @@ TEST(Services, FlushToZeroChangesSseResultsOnly) {
 // Each level answers with its own version record.
 TEST(Versions, OneRecordPerLevel) {
     using Query = const VekLibraryVersion*(VEK_CALL*)(void);
-    for (const Query* table : {vekTable_veksGetLibVersion, vekTable_vekiGetLibVersion, vekTable_vekjGetLibVersion}) {
+    for (const Query* table :
+         {vek::vekTable_veksGetLibVersion, vek::vekTable_vekiGetLibVersion, vek::vekTable_vekjGetLibVersion}) {
         for (int level = 0; level < vek::kLevelCount; ++level) {
             const VekLibraryVersion* v = table[level]();
             ASSERT_NE(v, nullptr);
@@ -175,12 +176,12 @@ void sameAllocatorOnEveryLevel(const Alloc* table, int bytesPerPixel) {
         auto* p = table[level](13, 2, &step);
         ASSERT_NE(p, nullptr);
         EXPECT_EQ(step, (13 * bytesPerPixel + 31) / 32 * 32);
-        vekTable_vekiFree[level](p);
+        vek::vekTable_vekiFree[level](p);
         EXPECT_EQ(table[level](0, 2, &step), nullptr);
         EXPECT_EQ(step, 0);
     }
 }
-#define VEK_ALLOC_DIFF(name, bpp) VEK_DIFF_CASE(name, [] { sameAllocatorOnEveryLevel(vekTable_##name, bpp); })
+#define VEK_ALLOC_DIFF(name, bpp) VEK_DIFF_CASE(name, [] { sameAllocatorOnEveryLevel(vek::vekTable_##name, bpp); })
 VEK_ALLOC_DIFF(vekiMalloc_8u_C1, 1);
 VEK_ALLOC_DIFF(vekiMalloc_8u_C3, 3);
 VEK_ALLOC_DIFF(vekiMalloc_16s_C1, 2);
@@ -192,23 +193,25 @@ VEK_ALLOC_DIFF(vekiMalloc_32s_C3, 12);
 VEK_ALLOC_DIFF(vekiMalloc_32f_C1, 4);
 VEK_ALLOC_DIFF(vekiMalloc_32f_C3, 12);
 VEK_DIFF_CASE(vekiFree, [] {
-    for (int level : availableLevels()) vekTable_vekiFree[level](vekMalloc(10)), vekTable_vekiFree[level](nullptr);
+    for (int level : availableLevels())
+        vek::vekTable_vekiFree[level](vekMalloc(10)), vek::vekTable_vekiFree[level](nullptr);
 });
 VEK_DIFF_CASE(veksFree, [] {
-    for (int level : availableLevels()) vekTable_veksFree[level](vekMalloc(10)), vekTable_veksFree[level](nullptr);
+    for (int level : availableLevels())
+        vek::vekTable_veksFree[level](vekMalloc(10)), vek::vekTable_veksFree[level](nullptr);
 });
 VEK_DIFF_CASE(veksMalloc_8u, [] {
     for (int level : availableLevels()) {
-        Vek8u* p = vekTable_veksMalloc_8u[level](33);
+        Vek8u* p = vek::vekTable_veksMalloc_8u[level](33);
         ASSERT_NE(p, nullptr);
         EXPECT_EQ(reinterpret_cast<uintptr_t>(p) % 32, 0u);
         vekFree(p);
-        EXPECT_EQ(vekTable_veksMalloc_8u[level](0), nullptr);
+        EXPECT_EQ(vek::vekTable_veksMalloc_8u[level](0), nullptr);
     }
 });
-#define VEK_VERSION_DIFF(name)                                                                 \
-    VEK_DIFF_CASE(name, [] {                                                                   \
-        for (int level : availableLevels()) EXPECT_EQ(vekTable_##name[level]()->level, level); \
+#define VEK_VERSION_DIFF(name)                                                                      \
+    VEK_DIFF_CASE(name, [] {                                                                        \
+        for (int level : availableLevels()) EXPECT_EQ(vek::vekTable_##name[level]()->level, level); \
     })
 VEK_VERSION_DIFF(veksGetLibVersion);
 VEK_VERSION_DIFF(vekiGetLibVersion);

@@ -63,22 +63,25 @@ std::vector<Vek16u> randomPairs(int count, std::vector<uint8_t>& data, int style
 // `chunk` bytes of room per call, and appends the bytes to `out`.
 VekStatus codeBlock(int level, Coder coder, const Vek16u* pairs, int pairCount, const uint8_t* raw, int rawLen,
                     int flush, DeflateState* s, std::vector<uint8_t>& out, int chunk) {
-    std::vector<uint8_t> room(chunk);
-    static const Vek16u noPairs[2] = {};
-    static const Vek8u noBytes[1] = {};
-    const Vek16u* p = pairs ? pairs : noPairs;  // empty vectors may hand out null
-    const Vek8u* src = raw ? raw : noBytes;
+    // The pairs, the bytes and each call's room end at a no-access page.
+    GuardedArray<Vek8u> room(chunk);
+    InputArray<Vek16u> pairCopy(2 * pairCount);
+    InputArray<Vek8u> rawCopy(rawLen);
+    if (pairCount) memcpy(pairCopy.data(), pairs, 4 * size_t(pairCount));
+    if (rawLen) memcpy(rawCopy.data(), raw, rawLen);
+    const Vek16u* p = pairCopy.data();
+    const Vek8u* src = rawCopy.data();
     int left = coder == kStored ? rawLen : pairCount;
     for (int calls = 0; calls < 10000000; ++calls) {
         Vek8u* dst = room.data();
         int dstLen = chunk;
         VekStatus st;
         if (coder == kStored)
-            st = vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &left, &dst, &dstLen, flush, opaque(s));
+            st = vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &left, &dst, &dstLen, flush, opaque(s));
         else if (coder == kFixed)
-            st = vekTable_veksEncodeLZ77FixedHuff_8u[level](&p, &left, &dst, &dstLen, flush, opaque(s));
+            st = vek::vekTable_veksEncodeLZ77FixedHuff_8u[level](&p, &left, &dst, &dstLen, flush, opaque(s));
         else
-            st = vekTable_veksEncodeLZ77DynamicHuff_8u[level](&p, &left, &dst, &dstLen, flush, opaque(s));
+            st = vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level](&p, &left, &dst, &dstLen, flush, opaque(s));
         if (dst - room.data() != chunk - dstLen) return StatusUnknown;  // pointer and length disagree
         out.insert(out.end(), room.data(), dst);
         if (st != StatusDstSize) return st;
@@ -87,11 +90,11 @@ VekStatus codeBlock(int level, Coder coder, const Vek16u* pairs, int pairCount, 
 }
 
 VekStatus writeTrailer(int level, DeflateState* s, std::vector<uint8_t>& out, int chunk) {
-    std::vector<uint8_t> room(chunk);
+    GuardedArray<Vek8u> room(chunk);
     for (;;) {
         Vek8u* dst = room.data();
         int dstLen = chunk;
-        const VekStatus st = vekTable_veksEncodeLZ77Flush_8u[level](&dst, &dstLen, opaque(s));
+        const VekStatus st = vek::vekTable_veksEncodeLZ77Flush_8u[level](&dst, &dstLen, opaque(s));
         out.insert(out.end(), room.data(), dst);
         if (st != StatusDstSize) return st;
     }
@@ -128,7 +131,7 @@ VekStatus writeStream(int level, const TestStream& t, int chunk, std::vector<uin
         begin = t.dataEnd[b];
     }
     int status = -1;
-    vekTable_veksEncodeLZ77GetStatus_8u[level](&status, opaque(s.get()));
+    vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, opaque(s.get()));
     return status == VekDeflateComplete ? StatusOk : StatusUnknown;
 }
 
@@ -173,14 +176,14 @@ VEK_DIFF_CASE(veksEncodeLZ77StoredBlock_8u, [] { diffCoders(kStored); });
 VEK_DIFF_CASE(veksEncodeLZ77SelectHuffMode_8u, [] {
     for (int round = 0; round < rounds(200); ++round) {
         std::vector<uint8_t> data;
-        const std::vector<Vek16u> pairs = randomPairs(int(rng()() % 400), data, int(rng()() % 4));
+        const InputArray<Vek16u> pairs = guardedCopy(randomPairs(int(rng()() % 400), data, int(rng()() % 4)));
         GuardedArray<int> mode(1);
         compareLevels(
             mode, {-1},
             [&](int level) {
                 auto s = freshState();
-                vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, opaque(s.get()));
-                return int(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
+                vek::vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, opaque(s.get()));
+                return int(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
                                                                            mode.data(), opaque(s.get())));
             },
             "pairs " + std::to_string(pairs.size() / 2));
@@ -218,7 +221,7 @@ VEK_DIFF_CASE(veksEncodeLZ77GetStatus_8u, [] {
             [&](int level) {
                 auto s = freshState();
                 s->streamStatus = status;
-                return int(vekTable_veksEncodeLZ77GetStatus_8u[level](got.data(), opaque(s.get())));
+                return int(vek::vekTable_veksEncodeLZ77GetStatus_8u[level](got.data(), opaque(s.get())));
             },
             "status " + std::to_string(status));
     }
@@ -235,7 +238,7 @@ VEK_DIFF_CASE(veksEncodeLZ77SetStatus_8u, [] {
                 s->pairCount = 1234;
                 s->pairCapacity = 5000;
                 s->pairs = s->pairStorage + 10;
-                const int st = vekTable_veksEncodeLZ77SetStatus_8u[level](status, opaque(s.get()));
+                const int st = vek::vekTable_veksEncodeLZ77SetStatus_8u[level](status, opaque(s.get()));
                 const int got[5] = {s->streamStatus, s->pairCount, s->pairCapacity, int(s->pairs - s->pairStorage),
                                     s->coder.subStatus};
                 std::copy(got, got + 5, fields.data());
@@ -382,11 +385,10 @@ TEST(DeflateBlock, SkewedCountsStayWithinFifteenBits) {
 // ---- the choice of codes -----------------------------------------------------------
 
 int selectMode(int level, DeflateState* s, const std::vector<Vek16u>& pairs, bool newBlock) {
-    if (newBlock) vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, opaque(s));
+    if (newBlock) vek::vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, opaque(s));
     int mode = -1;
-    const Vek16u none[2] = {};
-    EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.empty() ? none : pairs.data(),
-                                                              int(pairs.size() / 2), &mode, opaque(s)),
+    const InputArray<Vek16u> in = guardedCopy(pairs);
+    EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](in.data(), int(pairs.size() / 2), &mode, opaque(s)),
               StatusOk);
     return mode;
 }
@@ -465,7 +467,7 @@ TEST(DeflateBlock, TrailerBytesAndResumption) {
             Vek8u room[16];
             Vek8u* dst = room;
             int len = 16;
-            EXPECT_EQ(vekTable_veksEncodeLZ77Flush_8u[level](&dst, &len, opaque(s.get())), StatusUnknown);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77Flush_8u[level](&dst, &len, opaque(s.get())), StatusUnknown);
             EXPECT_EQ(len, 16);  // no last block yet: nothing written
             s->streamStatus = VekDeflateComplete;
             const VekStatus st = writeTrailer(level, s.get(), out, 1);
@@ -501,7 +503,7 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
         Vek8u* nullDst = nullptr;
         const Vek16u* nullPairs = nullptr;
         int pairsLen = 3, dstLen = 64, bad = -1, zero = 0;
-        for (auto huff : {vekTable_veksEncodeLZ77FixedHuff_8u[level], vekTable_veksEncodeLZ77DynamicHuff_8u[level]}) {
+        for (auto huff : {vek::vekTable_veksEncodeLZ77FixedHuff_8u[level], vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level]}) {
             EXPECT_EQ(huff(nullptr, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
             EXPECT_EQ(huff(&nullPairs, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
             EXPECT_EQ(huff(&pairs, &pairsLen, &nullDst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
@@ -522,37 +524,37 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
             EXPECT_EQ(dstLen, 64);
         }
         int srcLen = 3, big = 65536;
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
                   StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, VekDeflateNoFlush, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, VekDeflateNoFlush, st),
                   StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &zero, VekDeflateNoFlush, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &zero, VekDeflateNoFlush, st),
                   StatusDstSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &dstLen, VekDeflateNoFlush, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &dstLen, VekDeflateNoFlush, st),
                   StatusSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &bad, &dst, &dstLen, VekDeflateNoFlush, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &bad, &dst, &dstLen, VekDeflateNoFlush, st),
                   StatusSize);
         int mode = 9;
-        EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](nullptr, 1, &mode, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, 1, nullptr, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, -1, &mode, st), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](nullptr, 1, &mode, st), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, 1, nullptr, st), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, -1, &mode, st), StatusSize);
         EXPECT_EQ(mode, 9);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Flush_8u[level](&nullDst, &dstLen, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Flush_8u[level](&dst, &bad, st), StatusSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](nullptr, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](&mode, nullptr), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateMatching, nullptr), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Flush_8u[level](&nullDst, &dstLen, st), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Flush_8u[level](&dst, &bad, st), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetStatus_8u[level](nullptr, st), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&mode, nullptr), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateMatching, nullptr), StatusNullPointer);
         EXPECT_EQ(dst, room);
         EXPECT_EQ(dstLen, 64);
         for (Vek8u b : room) ASSERT_EQ(b, 0xEE);
 
         // A block left open by a full output belongs to its coder.
         int one = 1;
-        EXPECT_EQ(vekTable_veksEncodeLZ77FixedHuff_8u[level](&pairs, &pairsLen, &dst, &one, VekDeflateNoFlush, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77FixedHuff_8u[level](&pairs, &pairsLen, &dst, &one, VekDeflateNoFlush, st),
                   StatusDstSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77DynamicHuff_8u[level](&pairs, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level](&pairs, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st),
                   StatusContextMismatch);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
                   StatusContextMismatch);
     }
 }
@@ -562,29 +564,29 @@ TEST(DeflateBlock, StatusWordsAndThePairList) {
         auto s = freshState();
         VekDeflateState* st = opaque(s.get());
         int status = -1;
-        ASSERT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st), StatusOk);
         EXPECT_EQ(status, VekDeflateNotBegun);
         s->pairCount = 700;
-        ASSERT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, st), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, st), StatusOk);
         EXPECT_EQ(s->pairCapacity, 700);
         EXPECT_EQ(s->pairCount, 0);
         EXPECT_EQ(s->coder.subStatus, vek::deflate::kNewBlock);
-        ASSERT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateMatching, st), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateMatching, st), StatusOk);
         EXPECT_EQ(s->pairCapacity, 65280);
         EXPECT_EQ(s->pairCount, 0);
         EXPECT_EQ(s->pairs, s->pairStorage);
-        vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
+        vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
         EXPECT_EQ(status, VekDeflateMatching);
         // Only a complete last block makes the stream complete.
         const std::vector<Vek16u> pairs = literals("hello");
         std::vector<uint8_t> out;
         ASSERT_EQ(codeBlock(level, kDynamic, pairs.data(), 5, nullptr, 0, VekDeflateNoFlush, s.get(), out, 64),
                   StatusOk);
-        vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
+        vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
         EXPECT_EQ(status, VekDeflateMatching);
         ASSERT_EQ(codeBlock(level, kFixed, pairs.data(), 5, nullptr, 0, VekDeflateLastBlock, s.get(), out, 1),
                   StatusOk);
-        vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
+        vek::vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
         EXPECT_EQ(status, VekDeflateComplete);
         EXPECT_EQ(s->coder.bitCount, 0);  // the trailer starts on a byte
     }

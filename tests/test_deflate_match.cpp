@@ -95,17 +95,18 @@ class StateHolder {
 public:
     StateHolder(int level, const Scenario& sc) : level_(level), allocated_(sc.allocate) {
         if (allocated_) {
-            EXPECT_EQ(vekTable_veksEncodeLZ77InitAlloc_8u[level](sc.comprClass, sc.checksumKind, &state_), StatusOk);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77InitAlloc_8u[level](sc.comprClass, sc.checksumKind, &state_),
+                      StatusOk);
         } else {
             int size = 0;
-            EXPECT_EQ(vekTable_veksEncodeLZ77GetSize_8u[level](&size), StatusOk);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetSize_8u[level](&size), StatusOk);
             block_.reset(new uint64_t[(size + 7) / 8]);
             state_ = reinterpret_cast<VekDeflateState*>(block_.get());
-            EXPECT_EQ(vekTable_veksEncodeLZ77Init_8u[level](sc.comprClass, sc.checksumKind, state_), StatusOk);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77Init_8u[level](sc.comprClass, sc.checksumKind, state_), StatusOk);
         }
     }
     ~StateHolder() {
-        if (allocated_) vekTable_veksLZ77Free_8u[level_](state_);
+        if (allocated_) vek::vekTable_veksLZ77Free_8u[level_](state_);
     }
     VekDeflateState* get() const { return state_; }
     DeflateState& fields() const { return *vek::deflate::stateOf(state_); }
@@ -134,13 +135,13 @@ void feed(int level, VekDeflateState* st, const Scenario& sc, const std::vector<
             int count = 0, capacity = 0;
             const int cap = sc.capacities[capTurn++ % sc.capacities.size()];
             // Empty the list and give it this call's capacity.
-            EXPECT_EQ(vekTable_veksEncodeLZ77GetPairs_8u[level](&list, &count, &capacity, st), StatusOk);
-            EXPECT_EQ(vekTable_veksEncodeLZ77SetPairs_8u[level](list, 0, cap, st), StatusOk);
-            EXPECT_EQ(vekTable_veksEncodeLZ77GetPairs_8u[level](&list, &count, &capacity, st), StatusOk);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetPairs_8u[level](&list, &count, &capacity, st), StatusOk);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77SetPairs_8u[level](list, 0, cap, st), StatusOk);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetPairs_8u[level](&list, &count, &capacity, st), StatusOk);
             Vek16u* out = list + 2 * count;
             int space = capacity - count;
             const int before = left;
-            const int status = vekTable_veksEncodeLZ77_8u[level](&src, &left, &out, &space, flushes[c], st);
+            const int status = vek::vekTable_veksEncodeLZ77_8u[level](&src, &left, &out, &space, flushes[c], st);
             const int written = int(out - list) / 2;
             EXPECT_EQ(written, capacity - space);
             EXPECT_EQ(src, chunk.data() + (chunks[c] - left));
@@ -156,11 +157,11 @@ Record runScenario(int level, const Scenario& sc) {
     StateHolder holder(level, sc);
     VekDeflateState* st = holder.get();
     if (!sc.dict.empty())
-        rec.dictStatus = vekTable_veksEncodeLZ77SetDictionary_8u[level](sc.dict.data(), int(sc.dict.size()), st);
+        rec.dictStatus = vek::vekTable_veksEncodeLZ77SetDictionary_8u[level](sc.dict.data(), int(sc.dict.size()), st);
     size_t capTurn = 0;
     feed(level, st, sc, sc.data, sc.chunks, sc.flushes, capTurn, rec);
     if (sc.resetAndRepeat) {
-        EXPECT_EQ(vekTable_veksEncodeLZ77Reset_8u[level](st), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Reset_8u[level](st), StatusOk);
         feed(level, st, sc, sc.data, {int(sc.data.size())}, {VekDeflateNoFlush}, capTurn, rec);
     }
     rec.stateImage = imageOf(holder.fields());
@@ -265,18 +266,18 @@ VEK_DIFF_CASE(veksEncodeLZ77InitAlloc_8u, [] {
 VEK_DIFF_CASE(veksLZ77Free_8u, [] {
     for (int level : availableLevels()) {  // releases what InitAlloc made; null is ignored
         VekDeflateState* st = nullptr;
-        ASSERT_EQ(vekTable_veksEncodeLZ77InitAlloc_8u[level](VekDeflateBest, VekDeflateCrc32, &st), StatusOk);
-        vekTable_veksLZ77Free_8u[level](st);
-        vekTable_veksLZ77Free_8u[level](nullptr);
+        ASSERT_EQ(vek::vekTable_veksEncodeLZ77InitAlloc_8u[level](VekDeflateBest, VekDeflateCrc32, &st), StatusOk);
+        vek::vekTable_veksLZ77Free_8u[level](st);
+        vek::vekTable_veksLZ77Free_8u[level](nullptr);
     }
 });
 VEK_DIFF_CASE(veksEncodeLZ77GetSize_8u, [] {
     int ref = 0;
-    ASSERT_EQ(vekTable_veksEncodeLZ77GetSize_8u[0](&ref), StatusOk);
+    ASSERT_EQ(vek::vekTable_veksEncodeLZ77GetSize_8u[0](&ref), StatusOk);
     EXPECT_GE(ref, int(sizeof(DeflateState)));
     for (int level : availableLevels()) {
         int size = -1;
-        EXPECT_EQ(vekTable_veksEncodeLZ77GetSize_8u[level](&size), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetSize_8u[level](&size), StatusOk);
         EXPECT_EQ(size, ref);
     }
 });
@@ -341,8 +342,8 @@ void checkExpansion(const Scenario& sc, const Record& rec) {
 // The running checksum of the data, from 0 for both kinds.
 Vek32u expectedChecksum(int kind, const std::vector<uint8_t>& data) {
     Vek32u v = 0;
-    if (kind == VekDeflateAdler32) vekTable_veksAdler32_8u[0](data.data(), int(data.size()), &v);
-    if (kind == VekDeflateCrc32 && !data.empty()) vekTable_veksCRC32_8u[0](data.data(), int(data.size()), &v);
+    if (kind == VekDeflateAdler32) vek::vekTable_veksAdler32_8u[0](data.data(), int(data.size()), &v);
+    if (kind == VekDeflateCrc32 && !data.empty()) vek::vekTable_veksCRC32_8u[0](data.data(), int(data.size()), &v);
     return v;
 }
 
@@ -392,10 +393,11 @@ struct Encoded {
 
 Encoded encodeOnce(int level, VekDeflateState* st, const std::vector<uint8_t>& data, int flush = VekDeflateNoFlush) {
     std::vector<Vek16u> buf(2 * data.size() + 2);
-    const Vek8u* src = data.data();
+    const InputArray<Vek8u> in = guardedCopy(data);
+    const Vek8u* src = in.data();
     int len = int(data.size()), space = int(data.size()) + 1;
     Vek16u* out = buf.data();
-    const int status = vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, flush, st);
+    const int status = vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, flush, st);
     buf.resize(out - buf.data());
     return {status, buf};
 }
@@ -600,7 +602,7 @@ TEST(DeflateMatch, Dictionaries) {
         Scenario sc;
         StateHolder holder(level, sc);
         DeflateState& s = holder.fields();
-        const auto setDict = vekTable_veksEncodeLZ77SetDictionary_8u[level];
+        const auto setDict = vek::vekTable_veksEncodeLZ77SetDictionary_8u[level];
         // Two bytes: nothing happens.
         EXPECT_EQ(setDict(dict.data(), 2, holder.get()), StatusOk);
         EXPECT_EQ(s.streamPos, 0);
@@ -627,7 +629,7 @@ TEST(DeflateMatch, Dictionaries) {
         EXPECT_EQ(setDict(dict.data(), 100, holder.get()), StatusUnknown);
         EXPECT_TRUE(imageOf(s) == image);
         // Reset makes it possible again.
-        EXPECT_EQ(vekTable_veksEncodeLZ77Reset_8u[level](holder.get()), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Reset_8u[level](holder.get()), StatusOk);
         EXPECT_EQ(setDict(dict.data(), 100, holder.get()), StatusOk);
     }
 }
@@ -642,7 +644,7 @@ TEST(DeflateMatch, ZeroPairCapacityConsumesNothing) {
         const Vek8u* src = data.data();
         Vek16u* out = pairs;
         int len = 100, space = 0;
-        EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateNoFlush, holder.get()),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateNoFlush, holder.get()),
                   StatusDstSize);
         EXPECT_EQ(src, data.data());
         EXPECT_EQ(len, 100);
@@ -650,7 +652,7 @@ TEST(DeflateMatch, ZeroPairCapacityConsumesNothing) {
         EXPECT_TRUE(imageOf(holder.fields()) == image);
         // Room for one pair: one literal, the rest left.
         space = 1;
-        EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateNoFlush, holder.get()),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateNoFlush, holder.get()),
                   StatusDstSize);
         EXPECT_EQ(len, 99);
         EXPECT_EQ(out, pairs + 2);
@@ -694,7 +696,7 @@ TEST(DeflateMatch, HistoryCut) {
             Vek16u* out = pair;
             const Vek8u* src = nullptr;
             int len = 0, space = 1;
-            EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateHistoryCut, holder.get()),
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateHistoryCut, holder.get()),
                       StatusOk);
             EXPECT_EQ(holder.fields().historyPos, holder.fields().history);
         }
@@ -714,7 +716,7 @@ TEST(DeflateMatch, RulesAtEntry) {
         Vek16u* out = pairs;
         Vek16u* nullOut = nullptr;
         int len = 50, space = 100, negative = -1;
-        const auto encode = vekTable_veksEncodeLZ77_8u[level];
+        const auto encode = vek::vekTable_veksEncodeLZ77_8u[level];
         EXPECT_EQ(encode(nullptr, &len, &out, &space, VekDeflateNoFlush, st), StatusNullPointer);
         EXPECT_EQ(encode(&src, nullptr, &out, &space, VekDeflateNoFlush, st), StatusNullPointer);
         EXPECT_EQ(encode(&src, &len, nullptr, &space, VekDeflateNoFlush, st), StatusNullPointer);
@@ -736,8 +738,8 @@ TEST(DeflateMatch, RulesAtEntry) {
 
         Vek16u* list = nullptr;
         int count = 0, capacity = 0;
-        const auto getPairs = vekTable_veksEncodeLZ77GetPairs_8u[level];
-        const auto setPairs = vekTable_veksEncodeLZ77SetPairs_8u[level];
+        const auto getPairs = vek::vekTable_veksEncodeLZ77GetPairs_8u[level];
+        const auto setPairs = vek::vekTable_veksEncodeLZ77SetPairs_8u[level];
         EXPECT_EQ(getPairs(nullptr, &count, &capacity, st), StatusNullPointer);
         EXPECT_EQ(getPairs(&list, nullptr, &capacity, st), StatusNullPointer);
         EXPECT_EQ(getPairs(&list, &count, nullptr, st), StatusNullPointer);
@@ -754,25 +756,25 @@ TEST(DeflateMatch, RulesAtEntry) {
         EXPECT_EQ(list, pairs);
         EXPECT_EQ(count, 3);
         EXPECT_EQ(capacity, 10);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Reset_8u[level](st), StatusOk);  // back to the state's own list
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Reset_8u[level](st), StatusOk);  // back to the state's own list
         EXPECT_EQ(getPairs(&list, &count, &capacity, st), StatusOk);
         EXPECT_NE(list, pairs);
         EXPECT_EQ(capacity, 65280);
 
-        const auto setDict = vekTable_veksEncodeLZ77SetDictionary_8u[level];
+        const auto setDict = vek::vekTable_veksEncodeLZ77SetDictionary_8u[level];
         EXPECT_EQ(setDict(nullptr, -1, st), StatusNullPointer);
         EXPECT_EQ(setDict(data.data(), -1, nullptr), StatusNullPointer);
         EXPECT_EQ(setDict(data.data(), -1, st), StatusSize);
 
-        EXPECT_EQ(vekTable_veksEncodeLZ77GetSize_8u[level](nullptr), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Init_8u[level](VekDeflateDefault, VekDeflateAdler32, nullptr),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77GetSize_8u[level](nullptr), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Init_8u[level](VekDeflateDefault, VekDeflateAdler32, nullptr),
                   StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77InitAlloc_8u[level](VekDeflateDefault, VekDeflateAdler32, nullptr),
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77InitAlloc_8u[level](VekDeflateDefault, VekDeflateAdler32, nullptr),
                   StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Reset_8u[level](nullptr), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Reset_8u[level](nullptr), StatusNullPointer);
         // A block not aligned for a pointer is refused untouched.
         std::vector<uint8_t> block(sizeof(DeflateState) + 8, 0x5A);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Init_8u[level](VekDeflateDefault, VekDeflateAdler32,
+        EXPECT_EQ(vek::vekTable_veksEncodeLZ77Init_8u[level](VekDeflateDefault, VekDeflateAdler32,
                                                         reinterpret_cast<VekDeflateState*>(block.data() + 1)),
                   StatusBadArgument);
         EXPECT_EQ(std::count(block.begin(), block.end(), 0x5A), long(block.size()));
@@ -794,7 +796,7 @@ TEST(DeflateMatch, InitKeepsClassAndKindThroughReset) {
             EXPECT_EQ(s.checksumKind, 7);
             encodeOnce(level, holder.get(), makeData(DataKind::Text, 1000));
             EXPECT_EQ(s.streamStatus, VekDeflateMatching) << "the stream has begun";
-            EXPECT_EQ(vekTable_veksEncodeLZ77Reset_8u[level](holder.get()), StatusOk);
+            EXPECT_EQ(vek::vekTable_veksEncodeLZ77Reset_8u[level](holder.get()), StatusOk);
             EXPECT_EQ(s.comprClass, expected);
             EXPECT_EQ(s.checksumKind, 7);
             EXPECT_EQ(s.streamPos, 0);

@@ -186,9 +186,9 @@ void diffConvert(const Fn* table, int channels) {
         [](S x, int) { return referenceConvert<D>(x); });
 }
 
-#define VEK_CONVERT_DIFF(codes)                                                                           \
-    VEK_DIFF_CASE(vekiConvert_##codes##_C1R, [] { diffConvert(vekTable_vekiConvert_##codes##_C1R, 1); }); \
-    VEK_DIFF_CASE(vekiConvert_##codes##_C3R, [] { diffConvert(vekTable_vekiConvert_##codes##_C3R, 3); })
+#define VEK_CONVERT_DIFF(codes)                                                                                \
+    VEK_DIFF_CASE(vekiConvert_##codes##_C1R, [] { diffConvert(vek::vekTable_vekiConvert_##codes##_C1R, 1); }); \
+    VEK_DIFF_CASE(vekiConvert_##codes##_C3R, [] { diffConvert(vek::vekTable_vekiConvert_##codes##_C3R, 3); })
 
 VEK_CONVERT_DIFF(8u16u);
 VEK_CONVERT_DIFF(8u16s);
@@ -216,7 +216,7 @@ VEK_DIFF_CASE(vekiLShiftC_32s_C1R, [] {
     runTwoImages<Vek32s, Vek32s>(
         1, shiftCount,
         [](int level, const Vek32s* s, int ss, Vek32u c, Vek32s* d, int ds, VekiSize roi) {
-            return vekTable_vekiLShiftC_32s_C1R[level](s, ss, c, d, ds, roi);
+            return vek::vekTable_vekiLShiftC_32s_C1R[level](s, ss, c, d, ds, roi);
         },
         referenceLeftShift);
 });
@@ -224,7 +224,7 @@ VEK_DIFF_CASE(vekiLShiftC_32s_C1IR, [] {
     runInPlace<Vek32s>(
         shiftCount,
         [](int level, Vek32u c, Vek32s* p, int step, VekiSize roi) {
-            return vekTable_vekiLShiftC_32s_C1IR[level](c, p, step, roi);
+            return vek::vekTable_vekiLShiftC_32s_C1IR[level](c, p, step, roi);
         },
         referenceLeftShift);
 });
@@ -232,7 +232,7 @@ VEK_DIFF_CASE(vekiRShiftC_16s_C1IR, [] {
     runInPlace<Vek16s>(
         shiftCount,
         [](int level, Vek32u c, Vek16s* p, int step, VekiSize roi) {
-            return vekTable_vekiRShiftC_16s_C1IR[level](c, p, step, roi);
+            return vek::vekTable_vekiRShiftC_16s_C1IR[level](c, p, step, roi);
         },
         referenceRightShift<Vek16s>);
 });
@@ -240,7 +240,7 @@ VEK_DIFF_CASE(vekiRShiftC_32s_C1IR, [] {
     runInPlace<Vek32s>(
         shiftCount,
         [](int level, Vek32u c, Vek32s* p, int step, VekiSize roi) {
-            return vekTable_vekiRShiftC_32s_C1IR[level](c, p, step, roi);
+            return vek::vekTable_vekiRShiftC_32s_C1IR[level](c, p, step, roi);
         },
         referenceRightShift<Vek32s>);
 });
@@ -251,7 +251,7 @@ VEK_DIFF_CASE(vekiMulC_16s_C1IRSfs, [] {
             return ScaledConstant{randomValue<Vek16s>(), scales[rng()() % (sizeof scales / sizeof *scales)]};
         },
         [](int level, ScaledConstant c, Vek16s* p, int step, VekiSize roi) {
-            return vekTable_vekiMulC_16s_C1IRSfs[level](c.value, p, step, roi, c.scaleFactor);
+            return vek::vekTable_vekiMulC_16s_C1IRSfs[level](c.value, p, step, roi, c.scaleFactor);
         },
         referenceMulC);
 });
@@ -259,7 +259,7 @@ VEK_DIFF_CASE(vekiMulC_32f_C1IR, [] {
     runInPlace<Vek32f>(
         floatSample,
         [](int level, Vek32f v, Vek32f* p, int step, VekiSize roi) {
-            return vekTable_vekiMulC_32f_C1IR[level](v, p, step, roi);
+            return vek::vekTable_vekiMulC_32f_C1IR[level](v, p, step, roi);
         },
         [](Vek32f x, Vek32f v) {  // the product rounded once (48 bits fit in a double)
             return static_cast<Vek32f>(static_cast<double>(x) * v);
@@ -268,20 +268,12 @@ VEK_DIFF_CASE(vekiMulC_32f_C1IR, [] {
 VEK_DIFF_CASE(vekiComplement_32s_C1IR, [] {
     runInPlace<Vek32s>([] { return 1 + int(rng()() % 32); },
                        [](int level, int bits, Vek32s* p, int step, VekiSize roi) {
-                           return vekTable_vekiComplement_32s_C1IR[level](p, step, roi, bits);
+                           return vek::vekTable_vekiComplement_32s_C1IR[level](p, step, roi, bits);
                        },
                        referenceSignExtend);
 });
 
 // ---- the rules at entry, on every level ------------------------------------------
-
-template <class F>
-void onEveryLevel(F f) {
-    for (int level : availableLevels()) {
-        SCOPED_TRACE("level " + std::to_string(level));
-        f(level);
-    }
-}
 
 // Pointers, then sizes, then steps; a failed check writes nothing.  The
 // region is 2 x 2 in a 4 x 2 buffer, so a step of 0 or -1 would be usable.
@@ -325,40 +317,41 @@ void checkInPlaceEntry(Call call) {
 
 TEST(ImageConvertEntry, PointersThenSizesThenStepsAndNothingWritten) {
     onEveryLevel([](int level) {
-#define VEK_CHECK(codes)                                          \
-    checkConvertEntry(vekTable_vekiConvert_##codes##_C1R, level); \
-    checkConvertEntry(vekTable_vekiConvert_##codes##_C3R, level);
+#define VEK_CHECK(codes)                                               \
+    checkConvertEntry(vek::vekTable_vekiConvert_##codes##_C1R, level); \
+    checkConvertEntry(vek::vekTable_vekiConvert_##codes##_C3R, level);
         VEK_CHECK(8u16u)
-        VEK_CHECK(8u16s) VEK_CHECK(8u32s) VEK_CHECK(8u32f) VEK_CHECK(16u32s) VEK_CHECK(16u32f) VEK_CHECK(16s32s)
-            VEK_CHECK(16s32f) VEK_CHECK(32s8u) VEK_CHECK(16s8u) VEK_CHECK(16u8u) VEK_CHECK(32f8u) VEK_CHECK(32f16s)
-                VEK_CHECK(32f16u)
+        VEK_CHECK(8u16s)
+        VEK_CHECK(8u32s)
+        VEK_CHECK(8u32f) VEK_CHECK(16u32s) VEK_CHECK(16u32f) VEK_CHECK(16s32s) VEK_CHECK(16s32f) VEK_CHECK(32s8u)
+            VEK_CHECK(16s8u) VEK_CHECK(16u8u) VEK_CHECK(32f8u) VEK_CHECK(32f16s) VEK_CHECK(32f16u)
 #undef VEK_CHECK
             // The left shift with two images checks like a conversion.
             Vek32s src[8] = {},
                    dst[8] = {7, 7, 7, 7, 7, 7, 7, 7};
-        EXPECT_EQ(vekTable_vekiLShiftC_32s_C1R[level](nullptr, 16, 1, dst, 16, {2, 2}), StatusNullPointer);
-        EXPECT_EQ(vekTable_vekiLShiftC_32s_C1R[level](src, 16, 1, dst, 16, {2, 0}), StatusSize);
-        EXPECT_EQ(vekTable_vekiLShiftC_32s_C1R[level](src, 16, 1, dst, 0, {2, 2}), StatusStep);
+        EXPECT_EQ(vek::vekTable_vekiLShiftC_32s_C1R[level](nullptr, 16, 1, dst, 16, {2, 2}), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_vekiLShiftC_32s_C1R[level](src, 16, 1, dst, 16, {2, 0}), StatusSize);
+        EXPECT_EQ(vek::vekTable_vekiLShiftC_32s_C1R[level](src, 16, 1, dst, 0, {2, 2}), StatusStep);
         for (Vek32s v : dst) EXPECT_EQ(v, 7);
 
         checkInPlaceEntry<Vek32s>(
-            [&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiLShiftC_32s_C1IR[level](3, p, s, r); });
+            [&](Vek32s* p, int s, VekiSize r) { return vek::vekTable_vekiLShiftC_32s_C1IR[level](3, p, s, r); });
         checkInPlaceEntry<Vek16s>(
-            [&](Vek16s* p, int s, VekiSize r) { return vekTable_vekiRShiftC_16s_C1IR[level](3, p, s, r); });
+            [&](Vek16s* p, int s, VekiSize r) { return vek::vekTable_vekiRShiftC_16s_C1IR[level](3, p, s, r); });
         checkInPlaceEntry<Vek32s>(
-            [&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiRShiftC_32s_C1IR[level](3, p, s, r); });
+            [&](Vek32s* p, int s, VekiSize r) { return vek::vekTable_vekiRShiftC_32s_C1IR[level](3, p, s, r); });
         checkInPlaceEntry<Vek16s>(
-            [&](Vek16s* p, int s, VekiSize r) { return vekTable_vekiMulC_16s_C1IRSfs[level](3, p, s, r, 1); });
+            [&](Vek16s* p, int s, VekiSize r) { return vek::vekTable_vekiMulC_16s_C1IRSfs[level](3, p, s, r, 1); });
         checkInPlaceEntry<Vek32f>(
-            [&](Vek32f* p, int s, VekiSize r) { return vekTable_vekiMulC_32f_C1IR[level](3, p, s, r); });
+            [&](Vek32f* p, int s, VekiSize r) { return vek::vekTable_vekiMulC_32f_C1IR[level](3, p, s, r); });
         checkInPlaceEntry<Vek32s>(
-            [&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiComplement_32s_C1IR[level](p, s, r, 8); });
+            [&](Vek32s* p, int s, VekiSize r) { return vek::vekTable_vekiComplement_32s_C1IR[level](p, s, r, 8); });
         // The bit size comes last.
         checkInPlaceEntry<Vek32s>(
-            [&](Vek32s* p, int s, VekiSize r) { return vekTable_vekiComplement_32s_C1IR[level](p, s, r, 0); });
+            [&](Vek32s* p, int s, VekiSize r) { return vek::vekTable_vekiComplement_32s_C1IR[level](p, s, r, 0); });
         Vek32s image[4] = {1, 2, 3, 4};
-        EXPECT_EQ(vekTable_vekiComplement_32s_C1IR[level](image, 16, {4, 1}, 0), StatusOutOfRange);
-        EXPECT_EQ(vekTable_vekiComplement_32s_C1IR[level](image, 16, {4, 1}, 33), StatusOutOfRange);
+        EXPECT_EQ(vek::vekTable_vekiComplement_32s_C1IR[level](image, 16, {4, 1}, 0), StatusOutOfRange);
+        EXPECT_EQ(vek::vekTable_vekiComplement_32s_C1IR[level](image, 16, {4, 1}, 33), StatusOutOfRange);
         EXPECT_EQ(image[3], 4);
     });
 }
@@ -382,9 +375,9 @@ TEST(ImageConvertBehaviour, FloatsRoundHalfToEvenSaturateAndNaNIsZero) {
                                          32767, -32768, -32768, 32767, 32767, 32767, -2,  0};
     const std::vector<Vek16u> want16u = {2, 4, 0, 0, 2, 254, 256, 0, 0, 65535, 0, 0, 32768, 65534, 65535, 0, 0};
     onEveryLevel([&](int level) {
-        EXPECT_EQ(convertRow<Vek8u>(vekTable_vekiConvert_32f8u_C1R, level, in), want8u);
-        EXPECT_EQ(convertRow<Vek16s>(vekTable_vekiConvert_32f16s_C1R, level, in), want16s);
-        EXPECT_EQ(convertRow<Vek16u>(vekTable_vekiConvert_32f16u_C1R, level, in), want16u);
+        EXPECT_EQ(convertRow<Vek8u>(vek::vekTable_vekiConvert_32f8u_C1R, level, in), want8u);
+        EXPECT_EQ(convertRow<Vek16s>(vek::vekTable_vekiConvert_32f16s_C1R, level, in), want16s);
+        EXPECT_EQ(convertRow<Vek16u>(vek::vekTable_vekiConvert_32f16u_C1R, level, in), want16u);
     });
 }
 
@@ -395,10 +388,10 @@ TEST(ImageConvertBehaviour, RoundingIgnoresTheCallersRoundingMode) {
     const int saved = fegetround();
     for (int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
         onEveryLevel([&](int level) {
-            const std::vector<Vek8u> want = convertRow<Vek8u>(vekTable_vekiConvert_32f8u_C1R, 0, in);
+            const std::vector<Vek8u> want = convertRow<Vek8u>(vek::vekTable_vekiConvert_32f8u_C1R, 0, in);
             ASSERT_EQ(fesetround(mode), 0);
-            const std::vector<Vek8u> got8 = convertRow<Vek8u>(vekTable_vekiConvert_32f8u_C1R, level, in);
-            const std::vector<Vek16s> got16 = convertRow<Vek16s>(vekTable_vekiConvert_32f16s_C1R, level, in);
+            const std::vector<Vek8u> got8 = convertRow<Vek8u>(vek::vekTable_vekiConvert_32f8u_C1R, level, in);
+            const std::vector<Vek16s> got16 = convertRow<Vek16s>(vek::vekTable_vekiConvert_32f16s_C1R, level, in);
             fesetround(saved);
             EXPECT_EQ(got8, want) << "mode " << mode;
             for (size_t i = 0; i < in.size(); ++i)
@@ -410,7 +403,7 @@ TEST(ImageConvertBehaviour, RoundingIgnoresTheCallersRoundingMode) {
 TEST(ImageConvertBehaviour, ShiftsAtAndBeyondTheWidthAndSignExtension) {
     onEveryLevel([](int level) {
         auto left = [&](Vek32s x, Vek32u c) {
-            EXPECT_EQ(vekTable_vekiLShiftC_32s_C1IR[level](c, &x, 4, {1, 1}), StatusOk);
+            EXPECT_EQ(vek::vekTable_vekiLShiftC_32s_C1IR[level](c, &x, 4, {1, 1}), StatusOk);
             return x;
         };
         EXPECT_EQ(left(0x40000001, 2), 4);  // the high bits are lost
@@ -419,7 +412,7 @@ TEST(ImageConvertBehaviour, ShiftsAtAndBeyondTheWidthAndSignExtension) {
         EXPECT_EQ(left(-1, 0xFFFFFFFFu), 0);
         EXPECT_EQ(left(5, 0), 5);
         auto right16 = [&](Vek16s x, Vek32u c) {
-            EXPECT_EQ(vekTable_vekiRShiftC_16s_C1IR[level](c, &x, 2, {1, 1}), StatusOk);
+            EXPECT_EQ(vek::vekTable_vekiRShiftC_16s_C1IR[level](c, &x, 2, {1, 1}), StatusOk);
             return x;
         };
         EXPECT_EQ(right16(-1, 20), -1);
@@ -427,14 +420,14 @@ TEST(ImageConvertBehaviour, ShiftsAtAndBeyondTheWidthAndSignExtension) {
         EXPECT_EQ(right16(-5, 1), -3);  // toward minus infinity
         EXPECT_EQ(right16(-32768, 15), -1);
         auto right32 = [&](Vek32s x, Vek32u c) {
-            EXPECT_EQ(vekTable_vekiRShiftC_32s_C1IR[level](c, &x, 4, {1, 1}), StatusOk);
+            EXPECT_EQ(vek::vekTable_vekiRShiftC_32s_C1IR[level](c, &x, 4, {1, 1}), StatusOk);
             return x;
         };
         EXPECT_EQ(right32(INT32_MIN, 0x80000000u), -1);
         EXPECT_EQ(right32(INT32_MAX, 32), 0);
         EXPECT_EQ(right32(-7, 2), -2);
         auto complement = [&](Vek32s x, int bits) {
-            EXPECT_EQ(vekTable_vekiComplement_32s_C1IR[level](&x, 4, {1, 1}, bits), StatusOk);
+            EXPECT_EQ(vek::vekTable_vekiComplement_32s_C1IR[level](&x, 4, {1, 1}, bits), StatusOk);
             return x;
         };
         EXPECT_EQ(complement(0xFFF, 12), -1);

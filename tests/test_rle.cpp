@@ -11,8 +11,8 @@ namespace {
 using Bytes = std::vector<uint8_t>;
 using RleFn = VekStatus(VEK_CALL*)(const Vek8u**, int*, Vek8u*, int*);
 
-RleFn encoder(int level) { return vekTable_veksEncodeRLE_8u[level]; }
-RleFn decoder(int level) { return vekTable_veksDecodeRLE_8u[level]; }
+RleFn encoder(int level) { return vek::vekTable_veksEncodeRLE_8u[level]; }
+RleFn decoder(int level) { return vek::vekTable_veksDecodeRLE_8u[level]; }
 
 // Random bytes, runs of 1..300 equal bytes (past the 257 split), or words
 // of text with the odd doubled letter.

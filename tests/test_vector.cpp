@@ -79,13 +79,13 @@ auto anyScale = [] { return pick(kScales); };
 #define VEK_SHIFT_DIFF(name, T)                                                         \
     VEK_DIFF_CASE(name, [] {                                                            \
         diffUnary<T, T>(anyShift, [](int level, const T* s, T* d, int len, int shift) { \
-            return vekTable_##name[level](s, shift, d, len);                            \
+            return vek::vekTable_##name[level](s, shift, d, len);                       \
         });                                                                             \
     })
-#define VEK_SHIFT_I_DIFF(name, T)                                                                                  \
-    VEK_DIFF_CASE(name, [] {                                                                                       \
-        diffInPlace<T>(anyShift,                                                                                   \
-                       [](int level, T* d, int len, int shift) { return vekTable_##name[level](shift, d, len); }); \
+#define VEK_SHIFT_I_DIFF(name, T)                                                                                      \
+    VEK_DIFF_CASE(name, [] {                                                                                           \
+        diffInPlace<T>(                                                                                                \
+            anyShift, [](int level, T* d, int len, int shift) { return vek::vekTable_##name[level](shift, d, len); }); \
     })
 VEK_SHIFT_DIFF(veksLShiftC_16s, Vek16s);
 VEK_SHIFT_I_DIFF(veksLShiftC_16s_I, Vek16s);
@@ -101,7 +101,7 @@ auto noParameter = [] { return 0; };
         diffUnary<S, D>(                                                       \
             param,                                                             \
             [](int level, const S* s, D* d, int len, [[maybe_unused]] int p) { \
-                return vekTable_##name[level](s, d, len __VA_ARGS__);          \
+                return vek::vekTable_##name[level](s, d, len __VA_ARGS__);     \
             },                                                                 \
             randomFloat);                                                      \
     })
@@ -112,14 +112,16 @@ VEK_CONVERT_DIFF(veksConvert_32f32s_Sfs, Vek32f, Vek32s, anyScale, , p);
 VEK_CONVERT_DIFF(veksCopy_8u, Vek8u, Vek8u, noParameter);
 
 VEK_DIFF_CASE(veksThreshold_GT_32s_I, [] {
-    diffInPlace<Vek32s>(
-        [] { return randomValue<Vek32s>(); },
-        [](int level, Vek32s* d, int len, int limit) { return vekTable_veksThreshold_GT_32s_I[level](d, len, limit); });
+    diffInPlace<Vek32s>([] { return randomValue<Vek32s>(); },
+                        [](int level, Vek32s* d, int len, int limit) {
+                            return vek::vekTable_veksThreshold_GT_32s_I[level](d, len, limit);
+                        });
 });
 VEK_DIFF_CASE(veksThreshold_LT_32s_I, [] {
-    diffInPlace<Vek32s>(
-        [] { return randomValue<Vek32s>(); },
-        [](int level, Vek32s* d, int len, int limit) { return vekTable_veksThreshold_LT_32s_I[level](d, len, limit); });
+    diffInPlace<Vek32s>([] { return randomValue<Vek32s>(); },
+                        [](int level, Vek32s* d, int len, int limit) {
+                            return vek::vekTable_veksThreshold_LT_32s_I[level](d, len, limit);
+                        });
 });
 
 // Moves within one array: the source starts `distance` bytes after the
@@ -134,7 +136,7 @@ VEK_DIFF_CASE(veksMove_8u, [] {
                 area, randomVector<Vek8u>(area.size()),
                 [&](int level) {
                     Vek8u* dst = area.data() + lead;
-                    return int(vekTable_veksMove_8u[level](dst + distance, dst, len));
+                    return int(vek::vekTable_veksMove_8u[level](dst + distance, dst, len));
                 },
                 describe(len, distance, 0));
         }
@@ -164,10 +166,10 @@ TEST(VectorReference, ShiftsAreProductsAndFloorQuotients) {
         for (int round = 0; round < rounds(20); ++round) {
             std::vector<Vek16s> a = randomVector<Vek16s>(50), l(50), r(50);
             std::vector<Vek32s> b = randomVector<Vek32s>(50), l32(50), r32(50);
-            ASSERT_EQ(vekTable_veksLShiftC_16s[0](a.data(), shift, l.data(), 50), StatusOk);
-            ASSERT_EQ(vekTable_veksRShiftC_16s[0](a.data(), shift, r.data(), 50), StatusOk);
-            ASSERT_EQ(vekTable_veksLShiftC_32s[0](b.data(), shift, l32.data(), 50), StatusOk);
-            ASSERT_EQ(vekTable_veksRShiftC_32s[0](b.data(), shift, r32.data(), 50), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksLShiftC_16s[0](a.data(), shift, l.data(), 50), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksRShiftC_16s[0](a.data(), shift, r.data(), 50), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksLShiftC_32s[0](b.data(), shift, l32.data(), 50), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksRShiftC_32s[0](b.data(), shift, r32.data(), 50), StatusOk);
             for (int i = 0; i < 50; ++i) {
                 ASSERT_EQ(l[i], referenceShift(a[i], shift, true)) << a[i] << " << " << shift;
                 ASSERT_EQ(r[i], referenceShift(a[i], shift, false)) << a[i] << " >> " << shift;
@@ -232,8 +234,8 @@ TEST(VectorReference, ScaledConversionsRoundOnceToNearestEven) {
             std::vector<Vek32s> ints = randomVector<Vek32s>(64), back(64);
             std::vector<Vek32f> floats(64), made(64);
             for (auto& f : floats) f = randomFloat();
-            ASSERT_EQ(vekTable_veksConvert_32s32f_Sfs[0](ints.data(), made.data(), 64, sf), StatusOk);
-            ASSERT_EQ(vekTable_veksConvert_32f32s_Sfs[0](floats.data(), back.data(), 64, sf), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksConvert_32s32f_Sfs[0](ints.data(), made.data(), 64, sf), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksConvert_32f32s_Sfs[0](floats.data(), back.data(), 64, sf), StatusOk);
             for (int i = 0; i < 64; ++i) {
                 ASSERT_TRUE(sameBits(made[i], referenceToFloat(ints[i], sf)))
                     << ints[i] << " sf " << sf << ": " << made[i];
@@ -247,9 +249,9 @@ TEST(VectorReference, NarrowingSaturatesAndThresholdsClamp) {
         std::vector<Vek32s> a = randomVector<Vek32s>(40), gt = a, lt = a;
         std::vector<Vek16s> narrow(40);
         const Vek32s limit = randomValue<Vek32s>();
-        ASSERT_EQ(vekTable_veksConvert_32s16s[0](a.data(), narrow.data(), 40), StatusOk);
-        ASSERT_EQ(vekTable_veksThreshold_GT_32s_I[0](gt.data(), 40, limit), StatusOk);
-        ASSERT_EQ(vekTable_veksThreshold_LT_32s_I[0](lt.data(), 40, limit), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksConvert_32s16s[0](a.data(), narrow.data(), 40), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksThreshold_GT_32s_I[0](gt.data(), 40, limit), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksThreshold_LT_32s_I[0](lt.data(), 40, limit), StatusOk);
         for (int i = 0; i < 40; ++i) {
             ASSERT_EQ(narrow[i], std::clamp<Vek32s>(a[i], -32768, 32767));
             ASSERT_EQ(gt[i], std::min(a[i], limit));
@@ -260,36 +262,28 @@ TEST(VectorReference, NarrowingSaturatesAndThresholdsClamp) {
 
 // ---- the rules at the entry, on every level ----------------------------------------
 
-template <class F>
-void onEveryLevel(F f) {
-    for (int level : availableLevels()) {
-        SCOPED_TRACE("level " + std::to_string(level));
-        f(level);
-    }
-}
-
 TEST(VectorEntry, KnownResults) {
     onEveryLevel([](int level) {
         Vek16s s16[3] = {-1, 5, 0x4001}, d16[3] = {};
-        ASSERT_EQ(vekTable_veksRShiftC_16s[level](s16, 20, d16, 2), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksRShiftC_16s[level](s16, 20, d16, 2), StatusOk);
         EXPECT_EQ(d16[0], -1);
         EXPECT_EQ(d16[1], 0);
-        ASSERT_EQ(vekTable_veksLShiftC_16s[level](s16 + 2, 2, d16, 1), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksLShiftC_16s[level](s16 + 2, 2, d16, 1), StatusOk);
         EXPECT_EQ(d16[0], 0x0004);  // the high bits are lost
 
         Vek32s s32[6] = {-32768, 40000, -40000, 32767, -32769, 7};
-        ASSERT_EQ(vekTable_veksConvert_32s16s[level](s32, d16, 3), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksConvert_32s16s[level](s32, d16, 3), StatusOk);
         EXPECT_EQ(d16[0], -32768);
         EXPECT_EQ(d16[1], 32767);
         EXPECT_EQ(d16[2], -32768);
 
         Vek32s io[3] = {-7, 7, INT32_MIN};
-        ASSERT_EQ(vekTable_veksRShiftC_32s_I[level](1000, io, 3), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksRShiftC_32s_I[level](1000, io, 3), StatusOk);
         EXPECT_EQ(io[0], -1);
         EXPECT_EQ(io[1], 0);
         EXPECT_EQ(io[2], -1);
         Vek16s io16[2] = {-3, 3};
-        ASSERT_EQ(vekTable_veksLShiftC_16s_I[level](16, io16, 2), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksLShiftC_16s_I[level](16, io16, 2), StatusOk);
         EXPECT_EQ(io16[0], 0);
         EXPECT_EQ(io16[1], 0);
 
@@ -298,12 +292,12 @@ TEST(VectorEntry, KnownResults) {
                             INFINITY, -INFINITY, 2147483648.0f, -2147483648.0f, 2147483520.0f, 1e-45f};
         const Vek32s want0[] = {2, 4, -2, 0, 1, 0, INT32_MAX, INT32_MIN, INT32_MAX, INT32_MIN, 2147483520, 0};
         Vek32s got[12];
-        ASSERT_EQ(vekTable_veksConvert_32f32s_Sfs[level](f, got, 12, 0), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksConvert_32f32s_Sfs[level](f, got, 12, 0), StatusOk);
         for (int i = 0; i < 12; ++i) EXPECT_EQ(got[i], want0[i]) << f[i];
-        ASSERT_EQ(vekTable_veksConvert_32f32s_Sfs[level](f, got, 12, -200), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksConvert_32f32s_Sfs[level](f, got, 12, -200), StatusOk);
         EXPECT_EQ(got[11], INT32_MAX);  // the smallest subnormal times 2^200
         const Vek32f five = 5.0f;
-        ASSERT_EQ(vekTable_veksConvert_32f32s_Sfs[level](&five, got, 1, 1), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksConvert_32f32s_Sfs[level](&five, got, 1, 1), StatusOk);
         EXPECT_EQ(got[0], 2);  // 2.5 to even
 
         // Integer to float: one rounding, even where the result is subnormal
@@ -314,7 +308,7 @@ TEST(VectorEntry, KnownResults) {
         const Vek32f wantF[] = {16777216.0f, 16777220.0f, 3 * 0x1p-149f, 2 * 0x1p-149f, -INFINITY, 0.0f};
         for (int i = 0; i < 6; ++i) {
             Vek32f r = 1;
-            ASSERT_EQ(vekTable_veksConvert_32s32f_Sfs[level](&ints[i], &r, 1, scales[i]), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksConvert_32s32f_Sfs[level](&ints[i], &r, 1, scales[i]), StatusOk);
             EXPECT_TRUE(sameBits(r, wantF[i])) << ints[i] << " sf " << scales[i] << ": " << r;
         }
     });
@@ -328,7 +322,7 @@ TEST(VectorEntry, ChecksComeInTheirOrderAndWriteNothing) {
         const auto untouched = [&] {
             for (int i = 0; i < 4; ++i) EXPECT_TRUE(d[i] == 9 && d32[i] == 9 && s[i] == i + 1 && s32[i] == i + 1);
         };
-        for (auto lshift : {vekTable_veksLShiftC_16s[level], vekTable_veksRShiftC_16s[level]}) {
+        for (auto lshift : {vek::vekTable_veksLShiftC_16s[level], vek::vekTable_veksRShiftC_16s[level]}) {
             EXPECT_EQ(lshift(nullptr, 0, d, 4), StatusNullPointer);  // shift 0: the copy's checks
             EXPECT_EQ(lshift(s, 0, nullptr, 4), StatusNullPointer);
             EXPECT_EQ(lshift(s, 0, d, 0), StatusSize);
@@ -340,7 +334,7 @@ TEST(VectorEntry, ChecksComeInTheirOrderAndWriteNothing) {
             EXPECT_EQ(lshift(s, 16, d, 0), StatusSize);
             EXPECT_EQ(lshift(s, INT_MIN, d, 4), StatusShift);
         }
-        for (auto shift32 : {vekTable_veksLShiftC_32s[level], vekTable_veksRShiftC_32s[level]}) {
+        for (auto shift32 : {vek::vekTable_veksLShiftC_32s[level], vek::vekTable_veksRShiftC_32s[level]}) {
             EXPECT_EQ(shift32(nullptr, 0, d32, 4), StatusNullPointer);
             EXPECT_EQ(shift32(s32, 0, d32, -3), StatusSize);
             EXPECT_EQ(shift32(s32, 32, nullptr, 4), StatusNullPointer);
@@ -348,7 +342,7 @@ TEST(VectorEntry, ChecksComeInTheirOrderAndWriteNothing) {
             EXPECT_EQ(shift32(s32, -5, d32, 0), StatusSize);
             EXPECT_EQ(shift32(s32, -5, d32, 4), StatusShift);
         }
-        for (auto inPlace : {vekTable_veksLShiftC_16s_I[level], vekTable_veksRShiftC_16s_I[level]}) {
+        for (auto inPlace : {vek::vekTable_veksLShiftC_16s_I[level], vek::vekTable_veksRShiftC_16s_I[level]}) {
             EXPECT_EQ(inPlace(0, nullptr, 4), StatusNullPointer);
             EXPECT_EQ(inPlace(-1, nullptr, 0), StatusNullPointer);
             EXPECT_EQ(inPlace(-1, d, 0), StatusSize);
@@ -357,29 +351,29 @@ TEST(VectorEntry, ChecksComeInTheirOrderAndWriteNothing) {
             EXPECT_EQ(inPlace(20, d, 0), StatusSize);
             EXPECT_EQ(inPlace(0, d, 4), StatusOk);  // shift 0 changes nothing
         }
-        const auto r32 = vekTable_veksRShiftC_32s_I[level];
+        const auto r32 = vek::vekTable_veksRShiftC_32s_I[level];
         EXPECT_EQ(r32(0, d32, 0), StatusSize);
         EXPECT_EQ(r32(0, d32, 4), StatusOk);
         EXPECT_EQ(r32(-1, d32, 4), StatusShift);
         EXPECT_EQ(r32(1, nullptr, 4), StatusNullPointer);
 
-        EXPECT_EQ(vekTable_veksConvert_16s32s[level](nullptr, d32, 4), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksConvert_16s32s[level](s, nullptr, 0), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksConvert_16s32s[level](s, d32, 0), StatusSize);
-        EXPECT_EQ(vekTable_veksConvert_32s16s[level](s32, nullptr, 4), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksConvert_32s16s[level](s32, d, -1), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksConvert_16s32s[level](nullptr, d32, 4), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksConvert_16s32s[level](s, nullptr, 0), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksConvert_16s32s[level](s, d32, 0), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksConvert_32s16s[level](s32, nullptr, 4), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksConvert_32s16s[level](s32, d, -1), StatusSize);
         Vek32f f[4] = {1, 2, 3, 4};
-        EXPECT_EQ(vekTable_veksConvert_32s32f_Sfs[level](s32, nullptr, 4, 0), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksConvert_32s32f_Sfs[level](s32, f, 0, 0), StatusSize);
-        EXPECT_EQ(vekTable_veksConvert_32f32s_Sfs[level](nullptr, d32, 0, 0), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksConvert_32f32s_Sfs[level](f, d32, 0, 5), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksConvert_32s32f_Sfs[level](s32, nullptr, 4, 0), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksConvert_32s32f_Sfs[level](s32, f, 0, 0), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksConvert_32f32s_Sfs[level](nullptr, d32, 0, 0), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksConvert_32f32s_Sfs[level](f, d32, 0, 5), StatusSize);
         EXPECT_EQ(f[0], 1.0f);
-        EXPECT_EQ(vekTable_veksThreshold_GT_32s_I[level](nullptr, 0, 0), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksThreshold_LT_32s_I[level](d32, 0, 0), StatusSize);
+        EXPECT_EQ(vek::vekTable_veksThreshold_GT_32s_I[level](nullptr, 0, 0), StatusNullPointer);
+        EXPECT_EQ(vek::vekTable_veksThreshold_LT_32s_I[level](d32, 0, 0), StatusSize);
 
         Vek8u bytes[4] = {9, 9, 9, 9};
         const Vek8u from[4] = {1, 2, 3, 4};
-        for (auto copy : {vekTable_veksCopy_8u[level], vekTable_veksMove_8u[level]}) {
+        for (auto copy : {vek::vekTable_veksCopy_8u[level], vek::vekTable_veksMove_8u[level]}) {
             EXPECT_EQ(copy(nullptr, bytes, 4), StatusNullPointer);
             EXPECT_EQ(copy(from, nullptr, 0), StatusNullPointer);
             EXPECT_EQ(copy(from, bytes, 0), StatusSize);
@@ -402,16 +396,16 @@ TEST(VectorEntry, MovesAreCorrectWhateverTheOverlap) {
                 std::vector<Vek8u> want = area;
                 memcpy(want.data() + dstAt, std::vector<Vek8u>(area.begin() + srcAt, area.begin() + srcAt + len).data(),
                        len);
-                ASSERT_EQ(vekTable_veksMove_8u[level](area.data() + srcAt, area.data() + dstAt, len), StatusOk);
+                ASSERT_EQ(vek::vekTable_veksMove_8u[level](area.data() + srcAt, area.data() + dstAt, len), StatusOk);
                 EXPECT_EQ(area, want) << "distance " << distance * direction;
             }
         }
         std::vector<Vek8u> area = randomVector<Vek8u>(64);
         const std::vector<Vek8u> before = area;
-        EXPECT_EQ(vekTable_veksMove_8u[level](area.data() + 3, area.data() + 3, 50), StatusOk);
+        EXPECT_EQ(vek::vekTable_veksMove_8u[level](area.data() + 3, area.data() + 3, 50), StatusOk);
         EXPECT_EQ(area, before);
         Vek8u small[5] = {1, 2, 3, 4, 5};
-        ASSERT_EQ(vekTable_veksMove_8u[level](small, small + 1, 4), StatusOk);
+        ASSERT_EQ(vek::vekTable_veksMove_8u[level](small, small + 1, 4), StatusOk);
         EXPECT_EQ(0, memcmp(small, "\x01\x01\x02\x03\x04", 5));
     });
 }
@@ -421,12 +415,12 @@ TEST(VectorEntry, ShiftsInPlaceMatchTheOutOfPlaceResult) {
     onEveryLevel([](int level) {
         for (int shift : {1, 3, 15, 16, 31, 32}) {
             std::vector<Vek32s> a = randomVector<Vek32s>(77), viaCopy(77), inPlace = a;
-            ASSERT_EQ(vekTable_veksRShiftC_32s[level](a.data(), shift, viaCopy.data(), 77), StatusOk);
-            ASSERT_EQ(vekTable_veksRShiftC_32s_I[level](shift, inPlace.data(), 77), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksRShiftC_32s[level](a.data(), shift, viaCopy.data(), 77), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksRShiftC_32s_I[level](shift, inPlace.data(), 77), StatusOk);
             EXPECT_EQ(viaCopy, inPlace) << shift;
             std::vector<Vek16s> b = randomVector<Vek16s>(77), viaCopy16(77), same = b;
-            ASSERT_EQ(vekTable_veksLShiftC_16s[level](b.data(), shift, viaCopy16.data(), 77), StatusOk);
-            ASSERT_EQ(vekTable_veksLShiftC_16s[level](same.data(), shift, same.data(), 77), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksLShiftC_16s[level](b.data(), shift, viaCopy16.data(), 77), StatusOk);
+            ASSERT_EQ(vek::vekTable_veksLShiftC_16s[level](same.data(), shift, same.data(), 77), StatusOk);
             EXPECT_EQ(viaCopy16, same) << shift;
         }
     });
