@@ -15,6 +15,8 @@
 #ifndef VEK_COMPRESSION_ADLER32_SIMD_H
 #define VEK_COMPRESSION_ADLER32_SIMD_H
 
+#include "core/simd_vocabulary.h"
+
 namespace {
 
 constexpr uint32_t kAdlerBase = 65521;
@@ -37,8 +39,8 @@ inline void adlerChunks(const Vek8u* p, size_t chunks, uint32_t& a, uint32_t& b)
     const __m128i weightsHi = _mm_setr_epi8(16, 15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1);
     const __m128i ones = _mm_set1_epi16(1);
     for (; chunks; --chunks, p += kAdlerChunk) {
-        const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-        const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16));
+        const __m128i lo = load128i(p);
+        const __m128i hi = load128i(p + 16);
         sumAPrior = _mm_add_epi32(sumAPrior, sumA);
         sumA = _mm_add_epi32(sumA, _mm_add_epi32(_mm_sad_epu8(lo, zero), _mm_sad_epu8(hi, zero)));
         const __m128i pairs = _mm_add_epi16(_mm_maddubs_epi16(lo, weightsLo), _mm_maddubs_epi16(hi, weightsHi));
@@ -54,8 +56,8 @@ inline void adlerChunks(const Vek8u* p, size_t chunks, uint32_t& a, uint32_t& b)
         chunks -= run;
         __m128i place0 = zero, place1 = zero, place2 = zero, place3 = zero;
         for (size_t i = 0; i < run; ++i, p += kAdlerChunk) {
-            const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-            const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16));
+            const __m128i lo = load128i(p);
+            const __m128i hi = load128i(p + 16);
             sumAPrior = _mm_add_epi32(sumAPrior, sumA);
             sumA = _mm_add_epi32(sumA, _mm_add_epi32(_mm_sad_epu8(lo, zero), _mm_sad_epu8(hi, zero)));
             place0 = _mm_add_epi16(place0, _mm_unpacklo_epi8(lo, zero));

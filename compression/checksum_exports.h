@@ -1,5 +1,5 @@
 // The checksum exports with their checks at entry, written once for every
-// fast level.  A level's translation unit defines, inside its namespace,
+// level.  A level's translation unit defines, inside its namespace,
 // adlerUpdate(value, src, len) and/or crcUpdate(raw register, src, len)
 // (len >= 1) and expands the macro of each export it serves.
 #ifndef VEK_COMPRESSION_CHECKSUM_EXPORTS_H

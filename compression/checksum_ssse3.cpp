@@ -24,6 +24,7 @@
 #include "core/dispatch.h"
 
 namespace vek::ssse3 {
+#include "core/simd_vocabulary.h"
 #include "compression/adler32_simd.h"
 #include "compression/crc32_streams.h"
 
@@ -46,8 +47,6 @@ constexpr NibbleTables makeNibbleTables() {
     return t;
 }
 constexpr NibbleTables kNibbles = makeNibbleTables();
-
-inline __m128i load16(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
 
 // rows[l] = bytes 0..15 of piece l; afterwards column j (byte j of every
 // piece, piece l in byte l) is in columns[j].  Four rounds of the same
@@ -77,10 +76,10 @@ inline void transpose16(__m128i rows[16], __m128i columns[16]) {
 // piece registers held as four byte planes.
 struct NibbleRows {
     __m128i nibble = _mm_set1_epi8(0x0F);
-    __m128i low[4] = {load16(kNibbles.low[0]), load16(kNibbles.low[1]), load16(kNibbles.low[2]),
-                      load16(kNibbles.low[3])};
-    __m128i high[4] = {load16(kNibbles.high[0]), load16(kNibbles.high[1]), load16(kNibbles.high[2]),
-                       load16(kNibbles.high[3])};
+    __m128i low[4] = {load128i(kNibbles.low[0]), load128i(kNibbles.low[1]), load128i(kNibbles.low[2]),
+                      load128i(kNibbles.low[3])};
+    __m128i high[4] = {load128i(kNibbles.high[0]), load128i(kNibbles.high[1]), load128i(kNibbles.high[2]),
+                       load128i(kNibbles.high[3])};
 };
 struct Planes {
     __m128i byte[4];
@@ -114,7 +113,7 @@ inline uint32_t crcLaneGroups(uint32_t c, const Vek8u*& p, size_t& len) {
             __m128i columns[kSets][16];
             for (int s = 0; s < kSets; ++s) {
                 __m128i pieceRows[16];
-                for (int l = 0; l < kLanes; ++l) pieceRows[l] = load16(p + (s * kLanes + l) * kPieceBytes + i);
+                for (int l = 0; l < kLanes; ++l) pieceRows[l] = load128i(p + (s * kLanes + l) * kPieceBytes + i);
                 transpose16(pieceRows, columns[s]);
             }
             for (int j = 0; j < 16; ++j)
@@ -122,7 +121,7 @@ inline uint32_t crcLaneGroups(uint32_t c, const Vek8u*& p, size_t& len) {
         }
         alignas(16) uint8_t planes[kSets][4][16];
         for (int s = 0; s < kSets; ++s)
-            for (int k = 0; k < 4; ++k) _mm_store_si128(reinterpret_cast<__m128i*>(planes[s][k]), set[s].byte[k]);
+            for (int k = 0; k < 4; ++k) storeAligned(planes[s][k], set[s].byte[k]);
         c = 0;
         for (int piece = 0; piece < kPieces; ++piece) {
             const uint8_t(&b)[4][16] = planes[piece / kLanes];

@@ -10,11 +10,9 @@
 
 namespace vek::sse2 {
 #include "compression/rle_codec.h"
+#include "core/simd_vocabulary.h"
 
 namespace {
-inline __m128i load16(const Vek8u* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-inline void store16(Vek8u* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
-
 struct VectorScan {
     static int literalSpan(const Vek8u* p, int max) {
         // Text has short stretches: look at a few bytes singly first.
@@ -22,17 +20,17 @@ struct VectorScan {
         for (const int few = max < 8 ? max : 8; k < few; ++k)
             if (p[k] == p[k + 1]) return k;
         for (; k + 16 <= max; k += 16) {  // reads p[k..k+16], within p[0..max]
-            const int equal = _mm_movemask_epi8(_mm_cmpeq_epi8(load16(p + k), load16(p + k + 1)));
+            const int equal = _mm_movemask_epi8(_mm_cmpeq_epi8(load128i(p + k), load128i(p + k + 1)));
             if (equal) return k + __builtin_ctz(unsigned(equal));
         }
         while (k < max && p[k] != p[k + 1]) ++k;
         return k;
     }
     static int runLength(const Vek8u* p, Vek8u b, int max) {
-        const __m128i run = _mm_set1_epi8(static_cast<char>(b));
+        const __m128i run = broadcast128(b);
         int m = 0;
         for (; m + 16 <= max; m += 16) {
-            const int differ = _mm_movemask_epi8(_mm_cmpeq_epi8(load16(p + m), run)) ^ 0xFFFF;
+            const int differ = _mm_movemask_epi8(_mm_cmpeq_epi8(load128i(p + m), run)) ^ 0xFFFF;
             if (differ) return m + __builtin_ctz(unsigned(differ));
         }
         while (m < max && p[m] == b) ++m;
@@ -40,15 +38,15 @@ struct VectorScan {
     }
     static void copy(Vek8u* dst, const Vek8u* src, int n) {
         int k = 0;
-        for (; k + 16 <= n; k += 16) store16(dst + k, load16(src + k));
+        for (; k + 16 <= n; k += 16) store(dst + k, load128i(src + k));
         for (; k < n; ++k) dst[k] = src[k];
     }
     static void fill(Vek8u* dst, Vek8u b, int n) {
-        const __m128i run = _mm_set1_epi8(static_cast<char>(b));
+        const __m128i run = broadcast128(b);
         int k = 0;
-        for (; k + 16 <= n; k += 16) store16(dst + k, run);
+        for (; k + 16 <= n; k += 16) store(dst + k, run);
         if (k < n && n >= 16)
-            store16(dst + n - 16, run);  // the rest, overlapping bytes already b
+            store(dst + n - 16, run);  // the rest, overlapping bytes already b
         else
             for (; k < n; ++k) dst[k] = b;
     }

@@ -16,22 +16,21 @@
 // destination's range before rounding, which keeps every step exact and
 // gives the same result as rounding then saturating.
 //
-// A row is worked in blocks of 8 or 16 samples; the last, partial block
-// goes through a small stack block, so no access passes the caller's rows
-// and every sample takes the same path.
+// A row is worked in blocks of 8 or 16 samples through forEachBlock
+// (core/simd_blocks.h), which takes the last, partial block through the
+// stack, so no access passes the caller's rows and every sample takes the
+// same path.
 #ifndef VEK_IMAGE_CONVERT_SIMD_H
 #define VEK_IMAGE_CONVERT_SIMD_H
 
+#include "core/simd_blocks.h"
+#include "core/simd_vocabulary.h"
+
 namespace {
 
-inline __m128i load128(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
-inline __m128 load128f(const Vek32f* p) { return _mm_loadu_ps(p); }
-
-inline void store128(void* p, __m128i v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
-
 // Four 32-bit lanes stored as integers or as (exact) floats.
-inline void store32(Vek32s* p, __m128i v) { store128(p, v); }
-inline void store32(Vek32f* p, __m128i v) { _mm_storeu_ps(p, _mm_cvtepi32_ps(v)); }
+inline void store32(Vek32s* p, __m128i v) { store(p, v); }
+inline void store32(Vek32f* p, __m128i v) { store(p, _mm_cvtepi32_ps(v)); }
 
 // ---- widening -----------------------------------------------------------------
 
@@ -135,11 +134,11 @@ template <class S, class D, bool Nearest>
 inline void convertBlock(const S* s, D* d) {
     const __m128i zero = _mm_setzero_si128();
     if constexpr (sizeof(S) == 1) {  // 8u to 16 or 32 bits
-        const __m128i x = load128(s);
+        const __m128i x = load128i(s);
         const __m128i lo = _mm_unpacklo_epi8(x, zero), hi = _mm_unpackhi_epi8(x, zero);
         if constexpr (sizeof(D) == 2) {
-            store128(d, lo);
-            store128(d + 8, hi);
+            store(d, lo);
+            store(d + 8, hi);
         } else {
             store32(d, _mm_unpacklo_epi16(lo, zero));
             store32(d + 4, _mm_unpackhi_epi16(lo, zero));
@@ -147,47 +146,39 @@ inline void convertBlock(const S* s, D* d) {
             store32(d + 12, _mm_unpackhi_epi16(hi, zero));
         }
     } else if constexpr (sizeof(S) == 2 && sizeof(D) == 4) {  // 16 to 32 bits
-        const __m128i x = load128(s);
+        const __m128i x = load128i(s);
         store32(d, widenLo16<S>(x));
         store32(d + 4, widenHi16<S>(x));
     } else if constexpr (sizeof(D) == 1) {  // to 8u: packus saturates signed 16-bit lanes
         __m128i lo, hi;                     // samples 0..7 and 8..15 as signed 16-bit lanes
         if constexpr (std::is_same_v<S, Vek16s>) {
-            lo = load128(s), hi = load128(s + 8);
+            lo = load128i(s), hi = load128i(s + 8);
         } else if constexpr (std::is_same_v<S, Vek16u>) {
-            lo = min255(load128(s)), hi = min255(load128(s + 8));
+            lo = min255(load128i(s)), hi = min255(load128i(s + 8));
         } else if constexpr (std::is_same_v<S, Vek32s>) {
-            lo = _mm_packs_epi32(load128(s), load128(s + 4));
-            hi = _mm_packs_epi32(load128(s + 8), load128(s + 12));
+            lo = _mm_packs_epi32(load128i(s), load128i(s + 4));
+            hi = _mm_packs_epi32(load128i(s + 8), load128i(s + 12));
         } else {
             const __m128 limit = _mm_set1_ps(255.0f);
             auto round4 = [limit](const Vek32f* p) { return roundUnsigned<Nearest>(load128f(p), limit); };
             lo = _mm_packs_epi32(round4(s), round4(s + 4));
             hi = _mm_packs_epi32(round4(s + 8), round4(s + 12));
         }
-        store128(d, _mm_packus_epi16(lo, hi));
+        store(d, _mm_packus_epi16(lo, hi));
     } else if constexpr (std::is_same_v<D, Vek16s>) {  // 32f to 16s
         auto round4 = [](const Vek32f* p) { return roundSigned16<Nearest>(load128f(p)); };
-        store128(d, _mm_packs_epi32(round4(s), round4(s + 4)));
+        store(d, _mm_packs_epi32(round4(s), round4(s + 4)));
     } else {  // 32f to 16u
         const __m128 limit = _mm_set1_ps(65535.0f);
         auto round4 = [limit](const Vek32f* p) { return roundUnsigned<Nearest>(load128f(p), limit); };
-        store128(d, packUnsigned16(round4(s), round4(s + 4)));
+        store(d, packUnsigned16(round4(s), round4(s + 4)));
     }
 }
 
 template <class S, class D, bool Nearest>
 void convertRowIn(const S* src, D* dst, size_t n) {
-    constexpr size_t N = blockSamples<S, D>();
-    size_t i = 0;
-    for (; i + N <= n; i += N) convertBlock<S, D, Nearest>(src + i, dst + i);
-    if (i < n) {
-        S s[N] = {};
-        D d[N];
-        memcpy(s, src + i, (n - i) * sizeof(S));
-        convertBlock<S, D, Nearest>(s, d);
-        memcpy(dst + i, d, (n - i) * sizeof(D));
-    }
+    forEachBlock<blockSamples<S, D>()>(
+        n, [](D* d, const S* s) { convertBlock<S, D, Nearest>(s, d); }, dst, src);
 }
 
 template <class S, class D>

@@ -20,7 +20,8 @@ namespace {
 
 using vek::image::checkBorder;
 using vek::image::checkMirror;
-using vek::image::roiEmpty;
+using vek::image::checkPointersAndRoi;
+using vek::image::checkSwap;
 using vek::image::rowAt;
 using vek::image::sampleBytes;
 
@@ -206,8 +207,7 @@ inline void exchangeRows(void* a, void* b, size_t bytes) {
 // Row by row, or as one block when both images are contiguous.
 template <class T>
 VekStatus copyImage(const T* s, int ss, T* d, int ds, VekiSize roi, int channels) {
-    if (!s || !d) return StatusNullPointer;
-    if (roiEmpty(roi)) return StatusSize;
+    if (const VekStatus st = checkPointersAndRoi(roi, s, d)) return st;
     const size_t rowBytes = sampleBytes<T>(int64_t(roi.width) * channels);
     if (static_cast<size_t>(ss) == rowBytes && ss == ds) {
         memcpy(d, s, rowBytes * static_cast<size_t>(roi.height));
@@ -219,16 +219,14 @@ VekStatus copyImage(const T* s, int ss, T* d, int ds, VekiSize roi, int channels
 
 template <class T>
 VekStatus copyImageAC4(const T* s, int ss, T* d, int ds, VekiSize roi) {
-    if (!s || !d) return StatusNullPointer;
-    if (roiEmpty(roi)) return StatusSize;
+    if (const VekStatus st = checkPointersAndRoi(roi, s, d)) return st;
     for (int y = 0; y < roi.height; ++y) copyAC4Row(rowAt(s, ss, y), rowAt(d, ds, y), roi.width);
     return StatusOk;
 }
 
 template <class T>
 VekStatus setImage(T v, T* d, int ds, VekiSize roi) {
-    if (!d) return StatusNullPointer;
-    if (roiEmpty(roi)) return StatusSize;
+    if (const VekStatus st = checkPointersAndRoi(roi, d)) return st;
     for (int y = 0; y < roi.height; ++y) {
         if constexpr (sizeof(T) == 1)
             memset(rowAt(d, ds, y), v, static_cast<size_t>(roi.width));
@@ -240,8 +238,7 @@ VekStatus setImage(T v, T* d, int ds, VekiSize roi) {
 
 template <class T>
 VekStatus setImageEveryThird(T v, T* d, int ds, VekiSize roi) {
-    if (!d) return StatusNullPointer;
-    if (roiEmpty(roi)) return StatusSize;
+    if (const VekStatus st = checkPointersAndRoi(roi, d)) return st;
     for (int y = 0; y < roi.height; ++y) fillEveryThirdRow(rowAt(d, ds, y), roi.width, v);
     return StatusOk;
 }
@@ -252,8 +249,8 @@ constexpr uint64_t kStreamingBytes = 0x200000;
 
 template <class T>
 VekStatus planarToInterleaved(const T* const planes[3], int ss, T* d, int ds, VekiSize roi) {
-    if (!planes || !planes[0] || !planes[1] || !planes[2] || !d) return StatusNullPointer;
-    if (roiEmpty(roi)) return StatusSize;
+    if (!planes) return StatusNullPointer;
+    if (const VekStatus st = checkPointersAndRoi(roi, planes[0], planes[1], planes[2], d)) return st;
     const bool stream = 3 * sampleBytes<T>(int64_t(roi.width) * roi.height) > kStreamingBytes;
     int width = roi.width, height = roi.height;
     const int64_t pixels = int64_t(width) * height;
@@ -267,8 +264,8 @@ VekStatus planarToInterleaved(const T* const planes[3], int ss, T* d, int ds, Ve
 
 template <class T>
 VekStatus interleavedToPlanar(const T* s, int ss, T* const planes[3], int ds, VekiSize roi) {
-    if (!s || !planes || !planes[0] || !planes[1] || !planes[2]) return StatusNullPointer;
-    if (roiEmpty(roi)) return StatusSize;
+    if (!s || !planes) return StatusNullPointer;
+    if (const VekStatus st = checkPointersAndRoi(roi, planes[0], planes[1], planes[2])) return st;
     for (int y = 0; y < roi.height; ++y)
         deinterleaveRow(rowAt(s, ss, y), rowAt(planes[0], ds, y), rowAt(planes[1], ds, y), rowAt(planes[2], ds, y),
                         roi.width);
@@ -278,8 +275,7 @@ VekStatus interleavedToPlanar(const T* s, int ss, T* const planes[3], int ds, Ve
 // Source row i goes to destination row i (flip 1) or height - 1 - i.
 template <class T, int C>
 VekStatus mirrorImage(const T* s, int ss, T* d, int ds, VekiSize roi, int flip) {
-    if (!s || !d) return StatusNullPointer;
-    if (const VekStatus st = checkMirror(roi, flip)) return st;
+    if (const VekStatus st = checkMirror(roi, flip, s, d)) return st;
     for (int y = 0; y < roi.height; ++y) {
         T* to = rowAt(d, ds, flip == 1 ? y : roi.height - 1 - y);
         if (flip == 0)
@@ -295,8 +291,7 @@ VekStatus mirrorImage(const T* s, int ss, T* d, int ds, VekiSize roi, int flip) 
 // treated as a single row.
 template <class T, int C>
 VekStatus mirrorImageInPlace(T* p, int step, VekiSize roi, int flip) {
-    if (!p) return StatusNullPointer;
-    if (const VekStatus st = checkMirror(roi, flip)) return st;
+    if (const VekStatus st = checkMirror(roi, flip, p)) return st;
     const int w = roi.width, h = roi.height;
     if (flip == 1) {
         for (int y = 0; y < h; ++y) reverseRowInPlace<T, C>(rowAt(p, step, y), w);
@@ -318,9 +313,7 @@ VekStatus mirrorImageInPlace(T* p, int step, VekiSize roi, int flip) {
 
 template <class T>
 VekStatus swapChannelsImage(const T* s, int ss, T* d, int ds, VekiSize roi, const int order[3]) {
-    if (!s || !d || !order) return StatusNullPointer;
-    if (roiEmpty(roi)) return StatusSize;
-    if (!vek::image::channelOrderValid(order)) return StatusChannelOrder;
+    if (const VekStatus st = checkSwap(roi, order, s, d)) return st;
     const int o[3] = {order[0], order[1], order[2]};  // the caller's array may lie in the image
     const typename VecSwap3<T>::Plan plan(o);
     for (int y = 0; y < roi.height; ++y) swapChannelsRow(rowAt(s, ss, y), rowAt(d, ds, y), roi.width, o, plan);
@@ -332,8 +325,7 @@ VekStatus swapChannelsImage(const T* s, int ss, T* d, int ds, VekiSize roi, cons
 // the first and last extended rows are repeated above and below.
 template <class T>
 VekStatus replicateBorder(const T* s, int ss, VekiSize sr, T* d, int ds, VekiSize dr, int top, int left) {
-    if (!s || !d) return StatusNullPointer;
-    if (const VekStatus st = checkBorder(sr, dr, top, left)) return st;
+    if (const VekStatus st = checkBorder(s, sr, d, dr, top, left)) return st;
     const int right = dr.width - left - sr.width;
     const size_t rowBytes = sampleBytes<T>(dr.width);
     for (int y = 0; y < sr.height; ++y) {

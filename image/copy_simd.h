@@ -15,19 +15,19 @@
 #ifndef VEK_IMAGE_COPY_SIMD_H
 #define VEK_IMAGE_COPY_SIMD_H
 
+#include "core/simd_vocabulary.h"
+
 namespace {
 
-inline __m128 loadf(const void* p) { return _mm_loadu_ps(static_cast<const float*>(p)); }
-inline void storef(void* p, __m128 v) { _mm_storeu_ps(static_cast<float*>(p), v); }
-inline void streamf(void* p, __m128 v) { _mm_stream_ps(static_cast<float*>(p), v); }
-inline void put(void* p, __m128 v, std::false_type) { storef(p, v); }
-inline void put(void* p, __m128 v, std::true_type) { streamf(p, v); }
-#ifdef __SSE2__
-inline __m128i loadi(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
-inline void storei(void* p, __m128i v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
-inline void put(void* p, __m128i v, std::false_type) { storei(p, v); }
-inline void put(void* p, __m128i v, std::true_type) { _mm_stream_si128(static_cast<__m128i*>(p), v); }
-#endif
+// A store that bypasses the cache when the row loop asks for it.
+template <class V>
+inline void storeOrStream(void* p, V v, std::false_type) {
+    store(p, v);
+}
+template <class V>
+inline void storeOrStream(void* p, V v, std::true_type) {
+    storeStreaming(p, v);
+}
 
 // ---- index maps -------------------------------------------------------------------
 // src(q): which input element feeds output element q, elements counted
@@ -109,8 +109,7 @@ struct BytePermute {
     static __m128i outRegister(const __m128i* in, std::index_sequence<I...>) {
         __m128i acc = _mm_setzero_si128();
         ((acc = kControls.used[J][I]
-                    ? _mm_or_si128(acc, _mm_shuffle_epi8(in[I], _mm_load_si128(reinterpret_cast<const __m128i*>(
-                                                                    kControls.bytes[J][I]))))
+                    ? _mm_or_si128(acc, _mm_shuffle_epi8(in[I], loadAligned128i(kControls.bytes[J][I])))
                     : acc),
          ...);
         return acc;
@@ -136,13 +135,13 @@ struct LaneReverse {
     };
     static Block load(const void* p) {
         Block b;
-        for (int k = 0; k < K; ++k) b.v[k] = loadf(static_cast<const float*>(p) + 4 * k);
+        for (int k = 0; k < K; ++k) b.v[k] = load128f(static_cast<const float*>(p) + 4 * k);
         return b;
     }
     static void storeReversed(void* p, const Block& b) {
         __m128 out[K];
         LanePermute<ReversePixels<C, 4, K>, K>::apply(b.v, out);
-        for (int k = 0; k < K; ++k) storef(static_cast<float*>(p) + 4 * k, out[k]);
+        for (int k = 0; k < K; ++k) store(static_cast<float*>(p) + 4 * k, out[k]);
     }
 };
 template <>
@@ -159,13 +158,13 @@ struct WordReverse {
     struct Block {
         __m128i v;
     };
-    static Block load(const void* p) { return {loadi(p)}; }
+    static Block load(const void* p) { return {load128i(p)}; }
     static void storeReversed(void* p, const Block& b) {
         __m128i v = _mm_shufflelo_epi16(b.v, _MM_SHUFFLE(0, 1, 2, 3));
         v = _mm_shufflehi_epi16(v, _MM_SHUFFLE(0, 1, 2, 3));
         v = _mm_shuffle_epi32(v, _MM_SHUFFLE(1, 0, 3, 2));
         if constexpr (S == 1) v = _mm_or_si128(_mm_slli_epi16(v, 8), _mm_srli_epi16(v, 8));
-        storei(p, v);
+        store(p, v);
     }
 };
 #endif
@@ -182,13 +181,13 @@ struct ByteReverse {
     };
     static Block load(const void* p) {
         Block b;
-        for (int k = 0; k < K; ++k) b.v[k] = loadi(static_cast<const unsigned char*>(p) + 16 * k);
+        for (int k = 0; k < K; ++k) b.v[k] = load128i(static_cast<const unsigned char*>(p) + 16 * k);
         return b;
     }
     static void storeReversed(void* p, const Block& b) {
         __m128i out[K];
         BytePermute<ReversePixels<S * C, 16, K>, K>::apply(b.v, out);
-        for (int k = 0; k < K; ++k) storei(static_cast<unsigned char*>(p) + 16 * k, out[k]);
+        for (int k = 0; k < K; ++k) store(static_cast<unsigned char*>(p) + 16 * k, out[k]);
     }
 };
 // Three-channel 16-bit pixels go two at a time: a pair is 12 bytes, so a
@@ -199,7 +198,7 @@ struct ByteReverse {
 alignas(16) constexpr signed char kPairFromEnd[16] = {10, 11, 12, 13, 14, 15, 4, 5, 6, 7, 8, 9, -128, -128, -128, -128};
 alignas(16) constexpr signed char kPairFromStart[16] = {6, 7, 8, 9, 10, 11, 0, 1, 2, 3, 4, 5, -128, -128, -128, -128};
 inline __m128i reversedPair(const unsigned char* pairEnd) {
-    return _mm_shuffle_epi8(loadi(pairEnd - 16), loadi(kPairFromEnd));
+    return _mm_shuffle_epi8(load128i(pairEnd - 16), load128i(kPairFromEnd));
 }
 
 // Eight pixels (48 bytes) as four reversed pairs, reversed as they are
@@ -214,14 +213,14 @@ struct PairReverse16C3 {
     static Block load(const void* p) {
         const auto* s = static_cast<const unsigned char*>(p);
         return {{reversedPair(s + 48), reversedPair(s + 36), reversedPair(s + 24),
-                 _mm_shuffle_epi8(loadi(s), loadi(kPairFromStart))}};
+                 _mm_shuffle_epi8(load128i(s), load128i(kPairFromStart))}};
     }
     static void storeReversed(void* p, const Block& b) {
         auto* d = static_cast<unsigned char*>(p);
-        storei(d, b.pair[0]);
-        storei(d + 12, b.pair[1]);
-        storei(d + 24, b.pair[2]);
-        storei(d + 32, _mm_or_si128(_mm_srli_si128(b.pair[2], 8), _mm_slli_si128(b.pair[3], 4)));
+        store(d, b.pair[0]);
+        store(d + 12, b.pair[1]);
+        store(d + 24, b.pair[2]);
+        store(d + 32, _mm_or_si128(_mm_srli_si128(b.pair[2], 8), _mm_slli_si128(b.pair[3], 4)));
     }
 };
 template <>
@@ -248,13 +247,9 @@ struct WideFill {
     static int run(T* d, int n, T v) {
         constexpr int W = 16 / S;
         if (n < W) return 0;
-        __m128i x;
-        if constexpr (S == 2)
-            x = _mm_set1_epi16(static_cast<short>(v));
-        else
-            x = _mm_set1_epi32(static_cast<int>(v));
-        for (int i = 0; i + W <= n; i += W) storei(d + i, x);
-        storei(d + n - W, x);
+        const auto x = broadcast128(v);
+        for (int i = 0; i + W <= n; i += W) store(d + i, x);
+        store(d + n - W, x);
         return n;
     }
 };
@@ -270,16 +265,14 @@ struct VecFillEveryThird<Vek8u> {
     static int run(Vek8u* d, int n, Vek8u v) {
         alignas(16) unsigned char mask[48];
         for (int b = 0; b < 48; ++b) mask[b] = b % 3 == 0 ? 0xFF : 0;
-        const __m128i value = _mm_set1_epi8(static_cast<char>(v));
-        const __m128i m[3] = {_mm_load_si128(reinterpret_cast<const __m128i*>(mask)),
-                              _mm_load_si128(reinterpret_cast<const __m128i*>(mask + 16)),
-                              _mm_load_si128(reinterpret_cast<const __m128i*>(mask + 32))};
+        const __m128i value = broadcast128(v);
+        const __m128i m[3] = {loadAligned128i(mask), loadAligned128i(mask + 16), loadAligned128i(mask + 32)};
         const int64_t span = 3 * int64_t(n) - 2;
         int64_t o = 0;
         for (; o + 48 <= span; o += 48)
             for (int k = 0; k < 3; ++k) {
                 Vek8u* p = d + o + 16 * k;
-                storei(p, _mm_or_si128(_mm_and_si128(m[k], value), _mm_andnot_si128(m[k], loadi(p))));
+                store(p, select(m[k], value, load128i(p)));
             }
         return static_cast<int>(o / 3);
     }
@@ -292,8 +285,7 @@ struct VecCopyAC4<Vek8u> {
         const __m128i colour = _mm_set1_epi32(0x00FFFFFF);
         int x = 0;
         for (; x + 4 <= n; x += 4) {
-            const __m128i keep = _mm_andnot_si128(colour, loadi(d + 4 * x));
-            storei(d + 4 * x, _mm_or_si128(keep, _mm_and_si128(colour, loadi(s + 4 * x))));
+            store(d + 4 * x, select(colour, load128i(s + 4 * x), load128i(d + 4 * x)));
         }
         return x;
     }
@@ -319,18 +311,17 @@ struct VecSwap3<Vek8u> {
                         bytes[j][k][b] = static_cast<signed char>(from / 16 == k ? from % 16 : -128);
                     }
             for (int j = 0; j < 3; ++j)
-                for (int k = 0; k < 3; ++k)
-                    control[j][k] = _mm_load_si128(reinterpret_cast<const __m128i*>(bytes[j][k]));
+                for (int k = 0; k < 3; ++k) control[j][k] = loadAligned128i(bytes[j][k]);
         }
     };
     static int run(const Plan& p, const Vek8u* s, Vek8u* d, int n) {
         const auto part = [&](const __m128i& v, int j, int k) { return _mm_shuffle_epi8(v, p.control[j][k]); };
         int x = 0;
         for (; x + 16 <= n; x += 16) {
-            const __m128i a = loadi(s + 3 * x), b = loadi(s + 3 * x + 16), c = loadi(s + 3 * x + 32);
-            storei(d + 3 * x, _mm_or_si128(part(a, 0, 0), part(b, 0, 1)));
-            storei(d + 3 * x + 16, _mm_or_si128(_mm_or_si128(part(a, 1, 0), part(b, 1, 1)), part(c, 1, 2)));
-            storei(d + 3 * x + 32, _mm_or_si128(part(b, 2, 1), part(c, 2, 2)));
+            const __m128i a = load128i(s + 3 * x), b = load128i(s + 3 * x + 16), c = load128i(s + 3 * x + 32);
+            store(d + 3 * x, _mm_or_si128(part(a, 0, 0), part(b, 0, 1)));
+            store(d + 3 * x + 16, _mm_or_si128(_mm_or_si128(part(a, 1, 0), part(b, 1, 1)), part(c, 1, 2)));
+            store(d + 3 * x + 32, _mm_or_si128(part(b, 2, 1), part(c, 2, 2)));
         }
         return x;
     }
@@ -358,19 +349,19 @@ struct RevOverlap<2, 3> {
         for (; n - x > 8; x += 8, pairEnd -= 48, to += 48) {
             const __m128i p0 = reversedPair(pairEnd), p1 = reversedPair(pairEnd - 12);
             const __m128i p2 = reversedPair(pairEnd - 24), p3 = reversedPair(pairEnd - 36);
-            storei(to, p0);
-            storei(to + 12, p1);
-            storei(to + 24, p2);
-            storei(to + 36, p3);
+            store(to, p0);
+            store(to + 12, p1);
+            store(to + 24, p2);
+            store(to + 36, p3);
         }
         if (n - x == 8) {  // the last block: its first pair is loaded from where it starts
             PairReverse16C3::storeReversed(to, PairReverse16C3::load(from));
             return n;
         }
-        for (; n - x >= 3; x += 2, pairEnd -= 12, to += 12) storei(to, reversedPair(pairEnd));
-        const __m128i end = _mm_or_si128(_mm_shuffle_epi8(loadi(from + 2), loadi(kRowEndMain)),
-                                         _mm_shuffle_epi8(loadi(from), loadi(kRowEndFirst)));
-        storei(reinterpret_cast<unsigned char*>(d) + 6 * int64_t(n) - 16, end);
+        for (; n - x >= 3; x += 2, pairEnd -= 12, to += 12) store(to, reversedPair(pairEnd));
+        const __m128i end = _mm_or_si128(_mm_shuffle_epi8(load128i(from + 2), load128i(kRowEndMain)),
+                                         _mm_shuffle_epi8(load128i(from), load128i(kRowEndFirst)));
+        store(reinterpret_cast<unsigned char*>(d) + 6 * int64_t(n) - 16, end);
         return n;
     }
 };
@@ -410,10 +401,10 @@ int interleaveBlocks(const T* a, const T* b, const T* c, T* d, int n, bool strea
 struct InterleaveLaneBlock {
     template <class T, class Streaming>
     static void run(const T* a, const T* b, const T* c, T* d, Streaming nt) {
-        const __m128 in[3] = {loadf(a), loadf(b), loadf(c)};
+        const __m128 in[3] = {load128f(a), load128f(b), load128f(c)};
         __m128 out[3];
         LanePermute<InterleaveLanes, 3>::apply(in, out);
-        for (int k = 0; k < 3; ++k) put(d + 4 * k, out[k], nt);
+        for (int k = 0; k < 3; ++k) storeOrStream(d + 4 * k, out[k], nt);
     }
 };
 template <>
@@ -429,12 +420,12 @@ struct VecDeinterleave3<4> {
     static int run(const T* s, T* a, T* b, T* c, int n) {
         int x = 0;
         for (; x + 4 <= n; x += 4) {
-            const __m128 in[3] = {loadf(s + 3 * x), loadf(s + 3 * x + 4), loadf(s + 3 * x + 8)};
+            const __m128 in[3] = {load128f(s + 3 * x), load128f(s + 3 * x + 4), load128f(s + 3 * x + 8)};
             __m128 out[3];
             LanePermute<DeinterleaveLanes, 3>::apply(in, out);
-            storef(a + x, out[0]);
-            storef(b + x, out[1]);
-            storef(c + x, out[2]);
+            store(a + x, out[0]);
+            store(b + x, out[1]);
+            store(c + x, out[2]);
         }
         return x;
     }
@@ -445,10 +436,10 @@ template <int S>
 struct InterleaveByteBlock {
     template <class T, class Streaming>
     static void run(const T* a, const T* b, const T* c, T* d, Streaming nt) {
-        const __m128i in[3] = {loadi(a), loadi(b), loadi(c)};
+        const __m128i in[3] = {load128i(a), load128i(b), load128i(c)};
         __m128i out[3];
         BytePermute<InterleaveBytes<S>, 3>::apply(in, out);
-        for (int k = 0; k < 3; ++k) put(reinterpret_cast<unsigned char*>(d) + 16 * k, out[k], nt);
+        for (int k = 0; k < 3; ++k) storeOrStream(reinterpret_cast<unsigned char*>(d) + 16 * k, out[k], nt);
     }
 };
 template <int S>

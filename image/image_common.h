@@ -14,6 +14,7 @@
 #include "vek.h"
 
 namespace vek::image {
+namespace {  // internal linkage: every level's file compiles its own copy
 
 // Row y of an image whose first row starts at base.
 template <class T>
@@ -24,12 +25,21 @@ inline T* rowAt(T* base, int stepBytes, int y) {
 
 inline bool roiEmpty(VekiSize roi) { return roi.width < 1 || roi.height < 1; }
 
+// The checks every image function starts with: any required pointer null
+// gives StatusNullPointer, then a region below one pixel StatusSize.
+template <class... Pointers>
+inline VekStatus checkPointersAndRoi(VekiSize roi, const Pointers*... pointers) {
+    if (((pointers == nullptr) || ...)) return StatusNullPointer;
+    return roiEmpty(roi) ? StatusSize : StatusOk;
+}
+
 // Rows are contiguous when each step equals its row length in bytes, so
 // the region can be worked as one long row of width * height samples.
 inline bool contiguous(int srcStep, int srcRowBytes, int dstStep, int dstRowBytes) {
     return srcStep == srcRowBytes && dstStep == dstRowBytes;
 }
 
+}  // namespace
 }  // namespace vek::image
 
 #endif

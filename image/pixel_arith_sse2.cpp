@@ -15,31 +15,18 @@
 #include "image/pixel_arith_exports.h"
 
 namespace vek::sse2 {
+#include "core/simd_blocks.h"
+#include "core/simd_vocabulary.h"
 #include "image/pixel_rows.h"
 
 namespace {
 
-// d[i..] = k(s[i..]) a vector at a time; the tail goes through a stack
-// block so that every sample takes the same path.  d may equal s.
+// d[i..] = k(s[i..]) a vector at a time, two a turn (fewer loop branches).
+// d may equal s.
 template <class T, class K>
 void mapRow(const T* s, T* d, size_t n, K k) {
-    constexpr size_t W = 16 / sizeof(T);
-    auto at = [](const T* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
-    auto put = [](T* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); };
-    size_t i = 0;
-    for (; i + 2 * W <= n; i += 2 * W) {  // two vectors a turn: fewer loop branches
-        const __m128i a = at(s + i), b = at(s + i + W);
-        put(d + i, k(a));
-        put(d + i + W, k(b));
-    }
-    for (; i + W <= n; i += W) put(d + i, k(at(s + i)));
-    if (i < n) {
-        T block[W] = {};
-        memcpy(block, s + i, (n - i) * sizeof(T));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(block),
-                         k(_mm_loadu_si128(reinterpret_cast<const __m128i*>(block))));
-        memcpy(d + i, block, (n - i) * sizeof(T));
-    }
+    forEachBlock<16 / sizeof(T), 2>(
+        n, [k](T* out, const T* in) { store(out, k(load128i(in))); }, d, s);
 }
 
 // The count register holds the full 32-bit count (zero-extended to 64).

@@ -21,8 +21,7 @@ inline bool stepIsRow(int step, size_t samples, size_t bytes) {
 // The checks of an image with a separate source and destination.
 template <class S, class D>
 VekStatus checkRegion(const S* src, int srcStep, const D* dst, int dstStep, VekiSize roi) {
-    if (!src || !dst) return StatusNullPointer;
-    if (image::roiEmpty(roi)) return StatusSize;
+    if (const VekStatus status = image::checkPointersAndRoi(roi, src, dst)) return status;
     if (srcStep < 1 || dstStep < 1) return StatusStep;
     return StatusOk;
 }

@@ -211,9 +211,13 @@ VEK_API const VekLibraryVersion* VEK_CALL vekjGetLibVersion(void);
  *                    (16-bit data) or 32 (32-bit data) the result is all 0;
  *   scaleFactor < 0: multiply, saturating; at -16 (16-bit) or -31 (32-bit)
  *                    and below the result is the saturated sign of r.
- * Float members compute the IEEE single-precision result of each element,
- * rounded to nearest.  When both operands are NaN the result is a NaN whose
- * payload may come from either operand, depending on the level.
+ * Float members compute the IEEE single-precision result of each element in
+ * the caller's floating-point modes: rounded to nearest unless the caller
+ * changed the rounding mode, and, on the levels that compute with SSE (all
+ * levels on x86-64, level 1 and up on 32-bit x86), subject to the
+ * flush-to-zero and denormals-are-zero modes.  When both operands are NaN
+ * the result is a NaN whose payload may come from either operand,
+ * depending on the level.
  *
  * Sub computes src2 - src1 (in place: srcDst - src); SubC computes
  * src - value.  A destination may be the very same array as a source;
@@ -359,9 +363,11 @@ VEK_API VekStatus VEK_CALL vekiCopy_8u_AC4R(const Vek8u* pSrc, int srcStep, Vek8
 /* Planar to interleaved: channel c of each pixel comes from plane pSrc[c];
  * the three planes share srcStep.  A null array or plane pointer gives
  * StatusNullPointer.  Interleaved to planar (C3P3R) is the reverse, the
- * three destination planes sharing dstStep.  Outputs of more than 2 MiB are
- * written with stores that bypass the cache where the code path has them
- * (from SSE for 32f, from SSSE3 for 8u and 16s); the result is the same. */
+ * three destination planes sharing dstStep.  P3C3R outputs of more than
+ * 2 MiB are written with stores that bypass the cache where the code path
+ * has them (from SSE for 32f, from SSSE3 for 8u and 16s) and a row's
+ * destination can be brought to 16-byte alignment; the result is the
+ * same. */
 VEK_API VekStatus VEK_CALL vekiCopy_8u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep,
                                              VekiSize roi);
 VEK_API VekStatus VEK_CALL vekiCopy_16s_P3C3R(const Vek16s* const pSrc[3], int srcStep, Vek16s* pDst, int dstStep,
@@ -460,10 +466,11 @@ VEK_API VekStatus VEK_CALL vekiCopyReplicateBorder_32s_C1R(const Vek32s* pSrc, i
  *   narrowing from integers (32s, 16s, 16u to 8u): saturation to 0..255.
  *   narrowing from 32f (to 8u, 16s, 16u): rounding to the nearest integer,
  *     ties to even (2.5 -> 2, 3.5 -> 4, -0.5 -> 0), then saturation to the
- *     destination's range (infinities saturate); NaN gives 0.  The rounding
- *     does not depend on the caller's floating-point environment: neither
- *     the SSE rounding mode in MXCSR nor the x87 control word is read or
- *     changed, and every level gives the same result.
+ *     destination's range (infinities saturate); NaN gives 0.  The result
+ *     does not depend on the caller's floating-point environment: whatever
+ *     rounding mode MXCSR or the x87 control word holds, every level gives
+ *     the same result.  The SSE levels read MXCSR to pick their fastest
+ *     exact path; nothing changes either register.
  */
 VEK_API VekStatus VEK_CALL vekiConvert_8u16u_C1R(const Vek8u* pSrc, int srcStep, Vek16u* pDst, int dstStep,
                                                  VekiSize roi);
@@ -539,12 +546,15 @@ VEK_API VekStatus VEK_CALL vekiRShiftC_16s_C1IR(Vek32u value, Vek16s* pSrcDst, i
 VEK_API VekStatus VEK_CALL vekiRShiftC_32s_C1IR(Vek32u value, Vek32s* pSrcDst, int srcDstStep, VekiSize roi);
 
 /* Products with a constant, in place.
- * vekiMulC_16s_C1IRSfs (value, pSrcDst, srcDstStep, roi, scaleFactor): the
- *   exact 32-bit product scaled by 2^-scaleFactor, rounded to nearest with
- *   ties to even and saturated, as veksMulC_16s_ISfs (any scaleFactor).
- * vekiMulC_32f_C1IR (value, pSrcDst, srcDstStep, roi): the IEEE
- *   single-precision product of each sample, as veksMulC_32f_I (and, like
- *   it, subject on the SSE levels to the caller's FTZ and DAZ modes). */
+ * vekiMulC_16s_C1IRSfs (value, pSrcDst, srcDstStep, roi, scaleFactor): each
+ *   sample as veksMulC_16s_ISfs gives it (any scaleFactor is accepted): the
+ *   32-bit product times 2^-scaleFactor, rounded to nearest with ties to
+ *   even and saturated, for scaleFactor up to 16; above 16 every sample
+ *   becomes 0, whatever its product; from -16 down, the saturated sign of
+ *   the product.
+ * vekiMulC_32f_C1IR (value, pSrcDst, srcDstStep, roi): the single-precision
+ *   product of each sample, as veksMulC_32f_I (and, like it, in the caller's
+ *   rounding mode and, on the SSE levels, its FTZ and DAZ modes). */
 VEK_API VekStatus VEK_CALL vekiMulC_16s_C1IRSfs(Vek16s value, Vek16s* pSrcDst, int srcDstStep, VekiSize roi,
                                                 int scaleFactor);
 VEK_API VekStatus VEK_CALL vekiMulC_32f_C1IR(Vek32f value, Vek32f* pSrcDst, int srcDstStep, VekiSize roi);

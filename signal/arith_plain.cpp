@@ -10,7 +10,6 @@
 #include <type_traits>
 
 #include "core/dispatch.h"
-#include "signal/arith_exports.h"
 
 namespace vek::plain {
 namespace {
@@ -76,35 +75,23 @@ T scaleTo(Exact<T> s, int sf) {
 }
 
 template <class T, class Op>
-VekStatus scaled(const T* a, const T* b, T* d, int len, int sf) {
-    if (!a || !b || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+void scaled(const T* a, const T* b, T* d, int len, int sf) {
     for (int i = 0; i < len; ++i) d[i] = scaleTo<T>(Op::op(Exact<T>(a[i]), Exact<T>(b[i])), sf);
-    return StatusOk;
 }
 
 template <class T, class Op>
-VekStatus scaledConst(const T* a, T v, T* d, int len, int sf) {
-    if (!a || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+void scaledConst(const T* a, T v, T* d, int len, int sf) {
     for (int i = 0; i < len; ++i) d[i] = scaleTo<T>(Op::op(Exact<T>(a[i]), Exact<T>(v)), sf);
-    return StatusOk;
 }
 
 template <class Op>
-VekStatus float2(const Vek32f* a, const Vek32f* b, Vek32f* d, int len) {
-    if (!a || !b || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+void float2(const Vek32f* a, const Vek32f* b, Vek32f* d, int len) {
     for (int i = 0; i < len; ++i) d[i] = Op::op(a[i], b[i]);
-    return StatusOk;
 }
 
 template <class Op>
-VekStatus floatc(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
-    if (!a || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+void floatConst(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
     for (int i = 0; i < len; ++i) d[i] = Op::op(a[i], v);
-    return StatusOk;
 }
 
 // SubC computes src - value, the reverse of Sub's operand order.
@@ -115,6 +102,7 @@ struct SubC {
     }
 };
 
+#include "signal/arith_exports.h"
 }  // namespace
 
 VEK_ARITH_16S_MEMBERS

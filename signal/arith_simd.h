@@ -7,57 +7,19 @@
 // the level may use is read from the compiler's own macros: __SSE2__
 // enables the integer kernels, __SSE4_1__ the signed 32x32->64 multiply.
 //
-// Tails shorter than a vector go through a small stack block, so no load
-// reads past the caller's arrays and every element takes the same path.
+// Each kernel works one 128-bit vector a block through forEachBlock
+// (core/simd_blocks.h), which takes the last, partial block through the
+// stack.  The checks at the entry are the members' own (arith_exports.h).
 //
 // The scaled kernels reproduce the plain rule exactly:
 //   r = (s + 2^(sf-1) - 1 + ((s >> sf) & 1)) >> sf, then saturate.
 #ifndef VEK_SIGNAL_ARITH_SIMD_H
 #define VEK_SIGNAL_ARITH_SIMD_H
 
+#include "core/simd_blocks.h"
+#include "core/simd_vocabulary.h"
+
 namespace {
-
-// ---- element-wise drivers ----------------------------------------------
-
-inline __m128 loadv(const Vek32f* p) { return _mm_loadu_ps(p); }
-inline void storev(Vek32f* p, __m128 v) { _mm_storeu_ps(p, v); }
-#ifdef __SSE2__
-inline __m128i loadv(const Vek16s* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-inline __m128i loadv(const Vek32s* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-inline void storev(Vek16s* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
-inline void storev(Vek32s* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
-#endif
-
-// d[i..] = k(a[i..], b[i..]) one vector at a time.  d may equal a or b.
-template <class T, class K>
-inline void map2(const T* a, const T* b, T* d, int len, K k) {
-    constexpr int W = 16 / sizeof(T);
-    int i = 0;
-    for (; i + W <= len; i += W) storev(d + i, k(loadv(a + i), loadv(b + i)));
-    if (i < len) {
-        const size_t bytes = static_cast<size_t>(len - i) * sizeof(T);
-        T ta[W] = {}, tb[W] = {}, td[W];
-        memcpy(ta, a + i, bytes);
-        memcpy(tb, b + i, bytes);
-        storev(td, k(loadv(ta), loadv(tb)));
-        memcpy(d + i, td, bytes);
-    }
-}
-
-// d[i..] = k(a[i..]).  d may equal a.
-template <class T, class K>
-inline void map1(const T* a, T* d, int len, K k) {
-    constexpr int W = 16 / sizeof(T);
-    int i = 0;
-    for (; i + W <= len; i += W) storev(d + i, k(loadv(a + i)));
-    if (i < len) {
-        const size_t bytes = static_cast<size_t>(len - i) * sizeof(T);
-        T ta[W] = {}, td[W];
-        memcpy(ta, a + i, bytes);
-        storev(td, k(loadv(ta)));
-        memcpy(d + i, td, bytes);
-    }
-}
 
 // ---- float members ----------------------------------------------------------
 
@@ -87,26 +49,21 @@ struct Mul {
 };
 
 template <class Op>
-VekStatus float2(const Vek32f* a, const Vek32f* b, Vek32f* d, int len) {
-    if (!a || !b || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    map2(a, b, d, len, [](__m128 x, __m128 y) { return Op::f(x, y); });
-    return StatusOk;
+void float2(const Vek32f* a, const Vek32f* b, Vek32f* d, int len) {
+    forEachBlock<4>(
+        len, [](Vek32f* out, const Vek32f* x, const Vek32f* y) { store(out, Op::f(load128f(x), load128f(y))); }, d, a,
+        b);
 }
 
 template <class Op>
-VekStatus floatc(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
-    if (!a || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    const __m128 vv = _mm_set1_ps(v);
-    map1(a, d, len, [vv](__m128 x) { return Op::f(x, vv); });
-    return StatusOk;
+void floatConst(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
+    const __m128 vv = broadcast128(v);
+    forEachBlock<4>(
+        len, [vv](Vek32f* out, const Vek32f* x) { store(out, Op::f(load128f(x), vv)); }, d, a);
 }
 
 #ifdef __SSE2__
 // ---- shared integer helpers -----------------------------------------------
-
-#    include "signal/simd_select.h"
 
 // Saturated value of the sign of x for 16- or 32-bit lanes: max for x >= 0,
 // min for x < 0 (x is never 0 where this is used).
@@ -428,24 +385,22 @@ void scaledKernel(int sf, Run run) {
     else
         scaled32AddKernel<Op>(sf, run);
 }
-inline __m128i broadcast(Vek16s v) { return _mm_set1_epi16(v); }
-inline __m128i broadcast(Vek32s v) { return _mm_set1_epi32(v); }
 
 template <class T, class Op>
-VekStatus scaled(const T* a, const T* b, T* d, int len, int sf) {
-    if (!a || !b || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    scaledKernel<T, Op>(sf, [&](auto k) { map2(a, b, d, len, k); });
-    return StatusOk;
+void scaled(const T* a, const T* b, T* d, int len, int sf) {
+    scaledKernel<T, Op>(sf, [&](auto k) {
+        forEachBlock<16 / sizeof(T)>(
+            len, [k](T* out, const T* x, const T* y) { store(out, k(load128i(x), load128i(y))); }, d, a, b);
+    });
 }
 
 template <class T, class Op>
-VekStatus scaledConst(const T* a, T v, T* d, int len, int sf) {
-    if (!a || !d) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    const __m128i vv = broadcast(v);
-    scaledKernel<T, Op>(sf, [&](auto k) { map1(a, d, len, [k, vv](__m128i x) { return k(x, vv); }); });
-    return StatusOk;
+void scaledConst(const T* a, T v, T* d, int len, int sf) {
+    const __m128i vv = broadcast128(v);
+    scaledKernel<T, Op>(sf, [&](auto k) {
+        forEachBlock<16 / sizeof(T)>(
+            len, [k, vv](T* out, const T* x) { store(out, k(load128i(x), vv)); }, d, a);
+    });
 }
 #endif  // __SSE2__
 

@@ -8,10 +8,10 @@
 #include <type_traits>
 
 #include "core/dispatch.h"
-#include "signal/arith_exports.h"
 
 namespace vek::sse {
 #include "signal/arith_simd.h"
+#include "signal/arith_exports.h"
 
 VEK_ARITH_FLOAT_MEMBERS
 }  // namespace vek::sse

@@ -8,10 +8,10 @@
 #include <type_traits>
 
 #include "core/dispatch.h"
-#include "signal/arith_exports.h"
 
 namespace vek::sse41 {
 #include "signal/arith_simd.h"
+#include "signal/arith_exports.h"
 
 VEK_ARITH_32S_MUL_MEMBERS
 }  // namespace vek::sse41

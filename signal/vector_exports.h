@@ -20,6 +20,8 @@
 #ifndef VEK_SIGNAL_VECTOR_EXPORTS_H
 #define VEK_SIGNAL_VECTOR_EXPORTS_H
 
+#include "signal/vector_checks.h"
+
 namespace {
 
 template <class T>
@@ -28,8 +30,7 @@ constexpr int kBits = 8 * static_cast<int>(sizeof(T));
 // The plain element copy that a shift by 0 becomes, with its own checks.
 template <class T>
 VekStatus copyElements(const T* src, T* dst, int len) {
-    if (!src || !dst) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+    if (const VekStatus status = checkVectors(len, src, dst)) return status;
     if (src != dst) memcpy(dst, src, sizeof(T) * static_cast<size_t>(len));
     return StatusOk;
 }
@@ -37,8 +38,7 @@ VekStatus copyElements(const T* src, T* dst, int len) {
 // The zero fill a large left shift becomes, with its own checks.
 template <class T>
 VekStatus zeroFill(T* dst, int len) {
-    if (!dst) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+    if (const VekStatus status = checkVectors(len, dst)) return status;
     memset(dst, 0, sizeof(T) * static_cast<size_t>(len));
     return StatusOk;
 }
@@ -50,8 +50,7 @@ VekStatus shiftLeftC(const T* src, int shift, T* dst, int len) {
         if (!src) return StatusNullPointer;
         return zeroFill(dst, len);
     }
-    if (!src || !dst) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+    if (const VekStatus status = checkVectors(len, src, dst)) return status;
     if (shift < 0) return StatusShift;
     shiftLeftKernel(src, dst, len, shift);
     return StatusOk;
@@ -60,8 +59,7 @@ VekStatus shiftLeftC(const T* src, int shift, T* dst, int len) {
 template <class T>
 VekStatus shiftRightC(const T* src, int shift, T* dst, int len) {
     if (shift == 0) return copyElements(src, dst, len);
-    if (!src || !dst) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+    if (const VekStatus status = checkVectors(len, src, dst)) return status;
     if (shift < 0) return StatusShift;
     shiftRightKernel(src, dst, len, shift < kBits<T> ? shift : kBits<T> - 1);
     return StatusOk;
@@ -69,8 +67,7 @@ VekStatus shiftRightC(const T* src, int shift, T* dst, int len) {
 
 template <class T>
 VekStatus shiftLeftInPlace(int shift, T* srcDst, int len) {
-    if (!srcDst) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+    if (const VekStatus status = checkVectors(len, srcDst)) return status;
     if (shift < 0) return StatusShift;
     if (shift == 0) return StatusOk;
     if (shift >= kBits<T>) return zeroFill(srcDst, len);
@@ -80,20 +77,10 @@ VekStatus shiftLeftInPlace(int shift, T* srcDst, int len) {
 
 template <class T>
 VekStatus shiftRightInPlace(int shift, T* srcDst, int len) {
-    if (!srcDst) return StatusNullPointer;
-    if (len < 1) return StatusSize;
+    if (const VekStatus status = checkVectors(len, srcDst)) return status;
     if (shift < 0) return StatusShift;
     if (shift == 0) return StatusOk;
     shiftRightKernel(srcDst, srcDst, len, shift < kBits<T> ? shift : kBits<T> - 1);
-    return StatusOk;
-}
-
-// Null pointers, then the length, then the kernel.
-template <class S, class D, class Kernel>
-VekStatus checked(const S* src, D* dst, int len, Kernel kernel) {
-    if (!src || !dst) return StatusNullPointer;
-    if (len < 1) return StatusSize;
-    kernel();
     return StatusOk;
 }
 
@@ -124,35 +111,37 @@ VekStatus checked(const S* src, D* dst, int len, Kernel kernel) {
 
 #define VEK_VECTOR_INT_CONVERT_MEMBERS                                                 \
     VekStatus VEK_CALL veksConvert_16s32s(const Vek16s* pSrc, Vek32s* pDst, int len) { \
-        return checked(pSrc, pDst, len, [=] { widenKernel(pSrc, pDst, len); });        \
+        return checkThenRun([=] { widenKernel(pSrc, pDst, len); }, len, pSrc, pDst);   \
     }                                                                                  \
     VekStatus VEK_CALL veksConvert_32s16s(const Vek32s* pSrc, Vek16s* pDst, int len) { \
-        return checked(pSrc, pDst, len, [=] { narrowKernel(pSrc, pDst, len); });       \
+        return checkThenRun([=] { narrowKernel(pSrc, pDst, len); }, len, pSrc, pDst);  \
     }
 
 #define VEK_VECTOR_TO_FLOAT_MEMBER                                                                          \
     VekStatus VEK_CALL veksConvert_32s32f_Sfs(const Vek32s* pSrc, Vek32f* pDst, int len, int scaleFactor) { \
-        return checked(pSrc, pDst, len, [=] { toFloatKernel(pSrc, pDst, len, scaleFactor); });              \
+        return checkThenRun([=] { toFloatKernel(pSrc, pDst, len, scaleFactor); }, len, pSrc, pDst);         \
     }
 #define VEK_VECTOR_TO_INT_MEMBER                                                                            \
     VekStatus VEK_CALL veksConvert_32f32s_Sfs(const Vek32f* pSrc, Vek32s* pDst, int len, int scaleFactor) { \
-        return checked(pSrc, pDst, len, [=] { toIntKernel(pSrc, pDst, len, scaleFactor); });                \
+        return checkThenRun([=] { toIntKernel(pSrc, pDst, len, scaleFactor); }, len, pSrc, pDst);           \
     }
 
 #define VEK_VECTOR_COPY_MEMBERS                                                                                       \
     VekStatus VEK_CALL veksCopy_8u(const Vek8u* pSrc, Vek8u* pDst, int len) { return copyElements(pSrc, pDst, len); } \
     VekStatus VEK_CALL veksMove_8u(const Vek8u* pSrc, Vek8u* pDst, int len) {                                         \
-        return checked(pSrc, pDst, len, [=] {                                                                         \
-            if (pSrc != pDst) memmove(pDst, pSrc, static_cast<size_t>(len));                                          \
-        });                                                                                                           \
+        return checkThenRun(                                                                                          \
+            [=] {                                                                                                     \
+                if (pSrc != pDst) memmove(pDst, pSrc, static_cast<size_t>(len));                                      \
+            },                                                                                                        \
+            len, pSrc, pDst);                                                                                         \
     }
 
-#define VEK_VECTOR_THRESHOLD_MEMBERS                                                                 \
-    VekStatus VEK_CALL veksThreshold_GT_32s_I(Vek32s* pSrcDst, int len, Vek32s level) {              \
-        return checked(pSrcDst, pSrcDst, len, [=] { thresholdKernel<Above>(pSrcDst, len, level); }); \
-    }                                                                                                \
-    VekStatus VEK_CALL veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek32s level) {              \
-        return checked(pSrcDst, pSrcDst, len, [=] { thresholdKernel<Below>(pSrcDst, len, level); }); \
+#define VEK_VECTOR_THRESHOLD_MEMBERS                                                             \
+    VekStatus VEK_CALL veksThreshold_GT_32s_I(Vek32s* pSrcDst, int len, Vek32s level) {          \
+        return checkThenRun([=] { thresholdKernel<Above>(pSrcDst, len, level); }, len, pSrcDst); \
+    }                                                                                            \
+    VekStatus VEK_CALL veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek32s level) {          \
+        return checkThenRun([=] { thresholdKernel<Below>(pSrcDst, len, level); }, len, pSrcDst); \
     }
 
 #endif

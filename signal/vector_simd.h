@@ -7,33 +7,16 @@
 // its own instruction set.  __SSE4_1__ picks the signed 32-bit min/max and
 // the rounding instruction where the level has them.
 //
-// Tails shorter than a block go through a small stack block, so no load
-// reads past the caller's arrays and every element takes the same path.
+// Each kernel works blocks of one to four vectors through forEachBlock
+// (core/simd_blocks.h), which takes the last, partial block through the
+// stack.
 #ifndef VEK_SIGNAL_VECTOR_SIMD_H
 #define VEK_SIGNAL_VECTOR_SIMD_H
 
+#include "core/simd_blocks.h"
+#include "core/simd_vocabulary.h"
+
 namespace {
-
-inline __m128i load(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
-inline void store(void* p, __m128i v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
-
-// k(in, out) turns N elements of S at in into N elements of D at out; dst
-// may equal src (each block is read before it is written).
-template <int N, class S, class D, class K>
-inline void mapBlocks(const S* src, D* dst, int len, K k) {
-    int i = 0;
-    for (; i + N <= len; i += N) k(src + i, dst + i);
-    if (i < len) {
-        const size_t n = static_cast<size_t>(len - i);
-        S in[N] = {};
-        D out[N];
-        memcpy(in, src + i, n * sizeof(S));
-        k(in, out);
-        memcpy(dst + i, out, n * sizeof(D));
-    }
-}
-
-#include "signal/simd_select.h"
 
 // ---- shifts: two vectors per block ------------------------------------------
 
@@ -46,39 +29,51 @@ template <class T>
 void shiftLeftKernel(const T* src, T* dst, int len, int shift) {
     constexpr int W = 16 / sizeof(T);
     const __m128i count = _mm_cvtsi32_si128(shift);
-    mapBlocks<2 * W>(src, dst, len, [count](const T* in, T* out) {
-        const __m128i a = load(in), b = load(in + W);
-        store(out, shiftLeft(in, a, count));
-        store(out + W, shiftLeft(in, b, count));
-    });
+    forEachBlock<2 * W>(
+        len,
+        [count](T* out, const T* in) {
+            const __m128i a = load128i(in), b = load128i(in + W);
+            store(out, shiftLeft(in, a, count));
+            store(out + W, shiftLeft(in, b, count));
+        },
+        dst, src);
 }
 
 template <class T>
 void shiftRightKernel(const T* src, T* dst, int len, int shift) {
     constexpr int W = 16 / sizeof(T);
     const __m128i count = _mm_cvtsi32_si128(shift);
-    mapBlocks<2 * W>(src, dst, len, [count](const T* in, T* out) {
-        const __m128i a = load(in), b = load(in + W);
-        store(out, shiftRight(in, a, count));
-        store(out + W, shiftRight(in, b, count));
-    });
+    forEachBlock<2 * W>(
+        len,
+        [count](T* out, const T* in) {
+            const __m128i a = load128i(in), b = load128i(in + W);
+            store(out, shiftRight(in, a, count));
+            store(out + W, shiftRight(in, b, count));
+        },
+        dst, src);
 }
 
 // ---- integer widening and narrowing -------------------------------------------
 
 inline void widenKernel(const Vek16s* src, Vek32s* dst, int len) {
-    mapBlocks<8>(src, dst, len, [](const Vek16s* in, Vek32s* out) {
-        const __m128i v = load(in);
-        store(out, _mm_srai_epi32(_mm_unpacklo_epi16(v, v), 16));
-        store(out + 4, _mm_srai_epi32(_mm_unpackhi_epi16(v, v), 16));
-    });
+    forEachBlock<8>(
+        len,
+        [](Vek32s* out, const Vek16s* in) {
+            const __m128i v = load128i(in);
+            store(out, _mm_srai_epi32(_mm_unpacklo_epi16(v, v), 16));
+            store(out + 4, _mm_srai_epi32(_mm_unpackhi_epi16(v, v), 16));
+        },
+        dst, src);
 }
 
 inline void narrowKernel(const Vek32s* src, Vek16s* dst, int len) {
-    mapBlocks<16>(src, dst, len, [](const Vek32s* in, Vek16s* out) {
-        store(out, _mm_packs_epi32(load(in), load(in + 4)));
-        store(out + 8, _mm_packs_epi32(load(in + 8), load(in + 12)));
-    });
+    forEachBlock<16>(
+        len,
+        [](Vek16s* out, const Vek32s* in) {
+            store(out, _mm_packs_epi32(load128i(in), load128i(in + 4)));
+            store(out + 8, _mm_packs_epi32(load128i(in + 8), load128i(in + 12)));
+        },
+        dst, src);
 }
 
 // ---- thresholds ------------------------------------------------------------------
@@ -105,11 +100,14 @@ struct Below {  // v < level becomes level
 template <class Side>
 void thresholdKernel(Vek32s* srcDst, int len, Vek32s level) {
     const __m128i l = _mm_set1_epi32(level);
-    mapBlocks<8>(srcDst, srcDst, len, [l](const Vek32s* in, Vek32s* out) {
-        const __m128i a = load(in), b = load(in + 4);
-        store(out, Side::clamp(a, l));
-        store(out + 4, Side::clamp(b, l));
-    });
+    forEachBlock<8>(
+        len,
+        [l](Vek32s* out, const Vek32s* in) {
+            const __m128i a = load128i(in), b = load128i(in + 4);
+            store(out, Side::clamp(a, l));
+            store(out + 4, Side::clamp(b, l));
+        },
+        srcDst, srcDst);
 }
 
 // ---- scaled conversions between int32 and float --------------------------------
@@ -143,18 +141,24 @@ inline void toFloatKernel(const Vek32s* src, Vek32f* dst, int len, int scaleFact
     const int sf = clampScale(scaleFactor);
     if (sf >= -126 && sf <= 126) {
         const __m128 scale = _mm_set1_ps(floatPowerOfTwo(sf));
-        mapBlocks<8>(src, dst, len, [scale](const Vek32s* in, Vek32f* out) {
-            _mm_storeu_ps(out, _mm_mul_ps(_mm_cvtepi32_ps(load(in)), scale));
-            _mm_storeu_ps(out + 4, _mm_mul_ps(_mm_cvtepi32_ps(load(in + 4)), scale));
-        });
+        forEachBlock<8>(
+            len,
+            [scale](Vek32f* out, const Vek32s* in) {
+                store(out, _mm_mul_ps(_mm_cvtepi32_ps(load128i(in)), scale));
+                store(out + 4, _mm_mul_ps(_mm_cvtepi32_ps(load128i(in + 4)), scale));
+            },
+            dst, src);
     } else {
         const __m128d scale = _mm_set1_pd(doublePowerOfTwo(sf));
-        mapBlocks<4>(src, dst, len, [scale](const Vek32s* in, Vek32f* out) {
-            const __m128i v = load(in);
-            const __m128 lo = _mm_cvtpd_ps(_mm_mul_pd(_mm_cvtepi32_pd(v), scale));
-            const __m128 hi = _mm_cvtpd_ps(_mm_mul_pd(_mm_cvtepi32_pd(_mm_srli_si128(v, 8)), scale));
-            _mm_storeu_ps(out, _mm_movelh_ps(lo, hi));
-        });
+        forEachBlock<4>(
+            len,
+            [scale](Vek32f* out, const Vek32s* in) {
+                const __m128i v = load128i(in);
+                const __m128 lo = _mm_cvtpd_ps(_mm_mul_pd(_mm_cvtepi32_pd(v), scale));
+                const __m128 hi = _mm_cvtpd_ps(_mm_mul_pd(_mm_cvtepi32_pd(_mm_srli_si128(v, 8)), scale));
+                store(out, _mm_movelh_ps(lo, hi));
+            },
+            dst, src);
     }
 }
 
@@ -196,12 +200,15 @@ inline void toIntKernel(const Vek32f* src, Vek32s* dst, int len, int scaleFactor
     const int sf = clampScale(scaleFactor);
     const int first = (sf >= -126 && sf <= 126) ? sf : sf / 2;
     const __m128 scale1 = _mm_set1_ps(floatPowerOfTwo(first)), scale2 = _mm_set1_ps(floatPowerOfTwo(sf - first));
-    mapBlocks<8>(src, dst, len, [scale1, scale2](const Vek32f* in, Vek32s* out) {
-        const __m128 a = _mm_mul_ps(_mm_mul_ps(_mm_loadu_ps(in), scale1), scale2);
-        const __m128 b = _mm_mul_ps(_mm_mul_ps(_mm_loadu_ps(in + 4), scale1), scale2);
-        store(out, saturateToInt32(a, roundNearestEven(a)));
-        store(out + 4, saturateToInt32(b, roundNearestEven(b)));
-    });
+    forEachBlock<8>(
+        len,
+        [scale1, scale2](Vek32s* out, const Vek32f* in) {
+            const __m128 a = _mm_mul_ps(_mm_mul_ps(load128f(in), scale1), scale2);
+            const __m128 b = _mm_mul_ps(_mm_mul_ps(load128f(in + 4), scale1), scale2);
+            store(out, saturateToInt32(a, roundNearestEven(a)));
+            store(out + 4, saturateToInt32(b, roundNearestEven(b)));
+        },
+        dst, src);
 }
 
 }  // namespace
