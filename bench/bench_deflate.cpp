@@ -1,6 +1,6 @@
 // Benchmark cases of the deflate encoder: whole gzip-less (raw) streams of
-// each compression class over a text and a binary corpus, run through the
-// shared stream driver with the chosen level in force, and the two Huffman
+// each compression class over a text and a binary corpus, made by the
+// shared stream driver on the level measured, and the two Huffman
 // block coders alone on pairs prepared once.  Throughput is input bytes
 // per second.  The rivals (zlib, libdeflate) are in rivals_deflate.cpp.
 #include <memory>
@@ -9,18 +9,10 @@
 #include "bench_cases.h"
 #include "core/dispatch.h"
 #include "deflate_corpus.h"
-#include "tools/deflate_stream.h"
+#include "deflate_stream/deflate_stream.h"
 
 namespace vekbench {
 namespace {
-
-// The driver calls the public entries, which follow DispatchLevel: set it
-// for the call and put it back.
-struct LevelInForce {
-    explicit LevelInForce(int level) : saved(vek::DispatchLevel) { vek::DispatchLevel = level; }
-    ~LevelInForce() { vek::DispatchLevel = saved; }
-    int saved;
-};
 
 const std::vector<uint8_t>& corpus(bool text) { return text ? textCorpus() : binaryCorpus(); }
 
@@ -31,13 +23,13 @@ struct PreparedPairs {
     explicit PreparedPairs(bool text) {
         const std::vector<uint8_t>& data = corpus(text);
         VekDeflateState* s = nullptr;
-        veksEncodeLZ77InitAlloc_8u(1, 0, &s);
+        veksEncodeLZ77InitAlloc_8u(VekDeflateDefault, VekDeflateNoChecksum, &s);
         rawBytes = std::min<size_t>(data.size(), 256 << 10);
         pairs.resize(2 * rawBytes);
         const Vek8u* src = data.data();
         int srcLen = int(rawBytes), room = int(rawBytes);
         Vek16u* p = pairs.data();
-        veksEncodeLZ77_8u(&src, &srcLen, &p, &room, 0, s);
+        veksEncodeLZ77_8u(&src, &srcLen, &p, &room, VekDeflateNoFlush, s);
         pairs.resize(size_t(p - pairs.data()));
         veksLZ77Free_8u(s);
     }
@@ -49,14 +41,14 @@ struct CoderBench {
     VekDeflateState* state = nullptr;
     std::vector<Vek8u> out;
     explicit CoderBench(bool text) : prepared(text), out(2 * prepared.rawBytes + 1024) {
-        veksEncodeLZ77InitAlloc_8u(1, 0, &state);
+        veksEncodeLZ77InitAlloc_8u(VekDeflateDefault, VekDeflateNoChecksum, &state);
     }
     void run(int level, bool dynamic) {
         const Vek16u* p = prepared.pairs.data();
         int n = int(prepared.pairs.size() / 2), room = int(out.size());
         Vek8u* dst = out.data();
         auto coder = dynamic ? vek::vekTable_veksEncodeLZ77DynamicHuff_8u : vek::vekTable_veksEncodeLZ77FixedHuff_8u;
-        coder[level](&p, &n, &dst, &room, 0, state);  // a block that more follow, so the state can go on
+        coder[level](&p, &n, &dst, &room, VekDeflateNoFlush, state);  // more follow, so the state can go on
     }
 };
 CoderBench& coderBench(bool text) {
@@ -68,14 +60,14 @@ CoderBench& coderBench(bool text) {
 
 VEK_BENCH_FAMILY(deflate) {
     for (bool text : {true, false})
-        for (int cls = 0; cls <= 2; ++cls) {
+        for (int cls : {VekDeflateFast, VekDeflateDefault, VekDeflateBest}) {
             const std::string name =
                 std::string("deflate/") + (text ? "text" : "binary") + "/class" + std::to_string(cls);
             cases.push_back(
                 BenchCase{name, "veksEncodeLZ77_8u", int(kCorpusBytes), double(kCorpusBytes), [text, cls](int level) {
-                              LevelInForce force(level);
                               vekdeflate::Options o;
                               o.comprClass = cls;
+                              o.level = level;
                               const std::vector<uint8_t>& data = corpus(text);
                               vekdeflate::compressBuffer(data.data(), data.size(), o);
                           }});

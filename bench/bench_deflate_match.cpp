@@ -33,7 +33,7 @@ void addCase(std::vector<BenchCase>& cases, int comprClass, bool runs) {
     auto data = std::make_shared<std::vector<Vek8u>>(benchData(runs));
     auto state = std::shared_ptr<VekDeflateState>(nullptr, [](VekDeflateState* s) { veksLZ77Free_8u(s); });
     VekDeflateState* raw = nullptr;
-    veksEncodeLZ77InitAlloc_8u(comprClass, 1, &raw);
+    veksEncodeLZ77InitAlloc_8u(comprClass, VekDeflateAdler32, &raw);
     state.reset(raw, [](VekDeflateState* s) { veksLZ77Free_8u(s); });
     auto pairs = std::make_shared<std::vector<Vek16u>>(2 * kBytes);
     cases.push_back(BenchCase{"veksEncodeLZ77_8u/class:" + std::to_string(comprClass) + (runs ? "/runs" : "/text"),
@@ -42,14 +42,15 @@ void addCase(std::vector<BenchCase>& cases, int comprClass, bool runs) {
                                   const Vek8u* src = data->data();
                                   Vek16u* out = pairs->data();
                                   int len = kBytes, room = kBytes;
-                                  vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &room, 0, state.get());
+                                  vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &room, VekDeflateNoFlush,
+                                                                         state.get());
                               }});
 }
 
 }  // namespace
 
 VEK_BENCH_FAMILY(deflate_match) {
-    for (int comprClass : {0, 1, 2})
+    for (int comprClass : {VekDeflateFast, VekDeflateDefault, VekDeflateBest})
         for (bool runs : {false, true}) addCase(cases, comprClass, runs);
 }
 

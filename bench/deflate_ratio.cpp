@@ -7,7 +7,7 @@
 #include <string>
 
 #include "deflate_corpus.h"
-#include "tools/deflate_stream.h"
+#include "deflate_stream/deflate_stream.h"
 
 size_t vekRivalZlibSize(const std::vector<uint8_t>& in, int level);
 size_t vekRivalLibdeflateSize(const std::vector<uint8_t>& in, int level);
@@ -34,13 +34,13 @@ int main() {
         const std::vector<uint8_t>& data = text ? vekbench::textCorpus() : vekbench::binaryCorpus();
         const char* corpus = text ? "text" : "binary";
         std::printf("%-7s %-16s %10zu\n", corpus, "(input)", data.size());
-        const int zlibLevel[3] = {1, 6, 9};
-        for (int cls = 0; cls < 3; ++cls) {
+        const int zlibLevel[3] = {1, 6, 9};  // by class
+        for (int cls : {VekDeflateFast, VekDeflateDefault, VekDeflateBest}) {
             vekdeflate::Options o;
             o.comprClass = cls;
             report(corpus, "vek class " + std::to_string(cls), data.size(),
                    [&] { return vekdeflate::compressBuffer(data.data(), data.size(), o).size(); });
-            o.choice = vekdeflate::BlockChoice::Library;
+            o.choice = vekdeflate::BlockChoice::SkewRule;
             report(corpus, "  (skew rule)", data.size(),
                    [&] { return vekdeflate::compressBuffer(data.data(), data.size(), o).size(); });
             report(corpus, "zlib " + std::to_string(zlibLevel[cls]), data.size(),

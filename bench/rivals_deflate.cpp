@@ -9,6 +9,7 @@
 
 #include "bench_cases.h"
 #include "deflate_corpus.h"
+#include "vek.h"
 
 namespace {
 
@@ -40,7 +41,7 @@ struct RivalsRegistrar {
     RivalsRegistrar() {
         static const int zlibLevel[3] = {1, 6, 9}, libdeflateLevel[3] = {1, 6, 9};
         for (bool text : {true, false})
-            for (int cls = 0; cls < 3; ++cls) {
+            for (int cls : {VekDeflateFast, VekDeflateDefault, VekDeflateBest}) {
                 const std::string name =
                     std::string("deflate/") + (text ? "text" : "binary") + "/class" + std::to_string(cls);
                 const int zl = zlibLevel[cls], ld = libdeflateLevel[cls];

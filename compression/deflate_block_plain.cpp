@@ -7,15 +7,17 @@
 // is put in only while at most 15 bits wait, so the buffer never holds more
 // than 63, and the state records how far the open block has got.  The next
 // call drains the waiting bytes and goes on, so the bytes are the same
-// however the output is cut.  The last block's coder (flush 3) pads the
-// bits to a byte boundary and writes them all before it reports the block
-// done and sets the stream status to 3; the trailer then starts on a byte.
+// however the output is cut.  The last block's coder (VekDeflateLastBlock)
+// pads the bits to a byte boundary and writes them all before it reports
+// the block done and sets the stream status to VekDeflateComplete; the
+// trailer then starts on a byte.
 //
 // All levels share this code: it is table look-ups and shifts, where no
 // vector instruction set helps.
 #include <string.h>
 
 #include "compression/deflate_huffman.h"
+#include "compression/deflate_status.h"
 #include "compression/deflate_tables.h"
 #include "core/dispatch.h"
 
@@ -23,11 +25,6 @@ namespace vek::plain {
 namespace {
 using namespace vek::deflate;
 using namespace vek::plain::deflate;
-
-constexpr int kFixedBlock = 1, kDynamicBlock = 2;
-enum Phase { kNoBlock = 0, kHeader = 1, kPairs = 2, kEndCode = 3, kClosing = 4 };
-constexpr int kStreamComplete = 3;                               // stream status after the last block
-constexpr int kNewBlock = 2, kStopped = 3, kNothingPending = 5;  // block sub-status
 
 // The bit buffer and the output as one call works on them.
 struct BitOutput {
@@ -134,7 +131,7 @@ VekStatus stopped(BlockCoder& c) {
 // Ends a block: sub-status, and the stream status after the last block.
 VekStatus blockDone(DeflateState& s) {
     s.coder.subStatus = kNothingPending;
-    if (s.coder.blockFinal) s.streamStatus = kStreamComplete;
+    if (s.coder.blockFinal) s.streamStatus = VekDeflateComplete;
     return StatusOk;
 }
 
@@ -145,7 +142,8 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
     DeflateState& s = *stateOf(pState);
     BlockCoder& c = s.coder;
     if (*pDstLen == 0) return stopped(c);
-    if (c.storedState != 0 || (c.blockPhase != kNoBlock && c.blockType != type)) return StatusContextMismatch;
+    if (c.storedState != kStoredHeader || (c.blockPhase != kNoBlock && c.blockType != type))
+        return StatusContextMismatch;
     const Vek16u* pairs = *ppPairs;
     int left = *pPairsLen;
     if (c.blockPhase <= kPairs) {
@@ -155,7 +153,7 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
 
     if (c.blockPhase == kNoBlock) {
         c.blockType = type;
-        c.blockFinal = flush == kFlushFinal;
+        c.blockFinal = flush == VekDeflateLastBlock;
         c.headerStep = 0;
         c.blockPhase = kHeader;
         if (type == kDynamicBlock) {
@@ -241,11 +239,11 @@ VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateState* pStat
     if (!pState) return StatusNullPointer;
     DeflateState& s = *stateOf(pState);
     s.streamStatus = status;
-    if (status == 1) {  // an empty list in the state's own storage
+    if (status == VekDeflateMatching) {  // an empty list in the state's own storage
         s.pairs = s.pairStorage;
         s.pairCount = 0;
         s.pairCapacity = kPairCapacity;
-    } else if (status == 2) {  // the pairs held become the block to code
+    } else if (status == VekDeflateCoding) {  // the pairs held become the block to code
         s.pairCapacity = s.pairCount;
         s.pairCount = 0;
         s.coder.subStatus = kNewBlock;
@@ -269,7 +267,7 @@ VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pai
 
     // The skew test: the largest count against the count of the symbol at
     // the count-weighted mean rank of first appearance.
-    int mode = 0;
+    int mode = VekDeflateFixedCodes;
     if (pairsCount > 0) {
         Vek32u maxCount = 0;
         Vek64u weighted = 0;
@@ -280,7 +278,7 @@ VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pai
         }
         const int meanRank = int(weighted / Vek64u(pairsCount));
         const int64_t skew = int64_t(maxCount) - int64_t(c.litLen[firstSeen[meanRank - 1]].count);
-        mode = skew >= (pairsCount >> 2) ? 1 : 0;
+        mode = skew >= (pairsCount >> 2) ? VekDeflateDynamicCodes : VekDeflateFixedCodes;
     }
     c.huffMode = mode;
     c.subStatus = kNothingPending;  // one decision per block opened
@@ -306,31 +304,31 @@ VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLe
     if (*pDstLen == 0) return stopped(c);
     if (*pDstLen < 0 || *pSrcLen < 0 || *pSrcLen > 65535) return StatusSize;
     if (c.blockPhase != kNoBlock) return StatusContextMismatch;
-    if (c.storedState == 3 && *pSrcLen < c.storedLength - c.storedDone) return StatusSize;
+    if (c.storedState == kStoredData && *pSrcLen < c.storedLength - c.storedDone) return StatusSize;
 
     BitOutput out = openOutput(*ppDst, *pDstLen, c);
-    if (c.storedState == 0) {  // the 3 header bits, then on to the byte boundary
+    if (c.storedState == kStoredHeader) {  // the 3 header bits, then on to the byte boundary
         out.drainBytes();
         if (out.count < 8) {
-            c.blockFinal = flush == kFlushFinal;
+            c.blockFinal = flush == VekDeflateLastBlock;
             c.storedLength = *pSrcLen;
             out.put(Vek32u(c.blockFinal), 3);
             out.count = (out.count + 7) & ~7;
-            c.storedState = 1;
+            c.storedState = kStoredAlign;
         }
     }
-    if (c.storedState == 1) {
+    if (c.storedState == kStoredAlign) {
         out.drainBytes();
-        if (out.count == 0) c.storedState = 2, c.storedDone = 0;
+        if (out.count == 0) c.storedState = kStoredLength, c.storedDone = 0;
     }
-    if (c.storedState == 2) {  // LEN and NLEN, least significant byte first
+    if (c.storedState == kStoredLength) {  // LEN and NLEN, least significant byte first
         const Vek32u lenNlen = Vek32u(c.storedLength) | Vek32u(~c.storedLength & 0xFFFF) << 16;
         for (; c.storedDone < 4 && out.room > 0; ++c.storedDone, --out.room)
             *out.dst++ = Vek8u(lenNlen >> (8 * c.storedDone));
-        if (c.storedDone == 4) c.storedState = 3, c.storedDone = 0;
+        if (c.storedDone == 4) c.storedState = kStoredData, c.storedDone = 0;
     }
     VekStatus status = StatusDstSize;
-    if (c.storedState == 3) {
+    if (c.storedState == kStoredData) {
         int n = c.storedLength - c.storedDone;
         if (n > out.room) n = out.room;
         if (n > 0) memcpy(out.dst, *ppSrc, size_t(n));
@@ -340,7 +338,7 @@ VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLe
         *pSrcLen -= n;
         c.storedDone += n;
         if (c.storedDone == c.storedLength) {
-            c.storedState = 0;
+            c.storedState = kStoredHeader;
             c.storedDone = 0;
             status = blockDone(s);
         }
@@ -354,12 +352,12 @@ VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, VekDeflat
     if (*pDstLen < 0) return StatusSize;
     DeflateState& s = *stateOf(pState);
     BlockCoder& c = s.coder;
-    if (s.streamStatus != kStreamComplete) return StatusUnknown;
+    if (s.streamStatus != VekDeflateComplete) return StatusUnknown;
     const int kind = s.checksumKind;
-    if (kind != 0 && kind != kChecksumAdler32 && kind != kChecksumCrc32) return StatusUnknown;
+    if (kind != VekDeflateNoChecksum && kind != VekDeflateAdler32 && kind != VekDeflateCrc32) return StatusUnknown;
     if (c.subStatus != kStopped || c.trailerLength == 0) {  // a fresh trailer
         const Vek32u sum = s.checksum, size = Vek32u(s.streamPos);
-        if (kind == kChecksumAdler32) {
+        if (kind == VekDeflateAdler32) {
             for (int i = 0; i < 4; ++i) c.trailer[i] = Vek8u(sum >> (24 - 8 * i));
             c.trailerLength = 4;
         } else {

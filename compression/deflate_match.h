@@ -9,9 +9,15 @@
 //   int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int best);
 // which does the same when the count may exceed best (best < maxLen) and
 // may otherwise return any value up to best: a level skips the compare of
-// a candidate that cannot win where that is cheaper.  Everything else is
-// the same on every level, so all levels find the same pairs; a level
-// differs only in how fast it compares.
+// a candidate that cannot win where that is cheaper.  The level also
+// defines
+//   VekStatus checksumAdler32(const Vek8u* src, int len, Vek32u* sum);
+//   VekStatus checksumCrc32(const Vek8u* src, int len, Vek32u* sum);
+// which call the checksum implementations that serve the same level in the
+// export list (never the dispatched entries: a level's code must run that
+// level's kernels whatever level the library chose at load).  Everything
+// else is the same on every level, so all levels find the same pairs; a
+// level differs only in how fast it compares.
 //
 // Positions count input bytes on the stream-position scale: bytes below
 // the call's first position live in the history buffer, the others in the
@@ -59,9 +65,9 @@ public:
     // Matches from `base` on; returns the first position not consumed.
     int run(int comprClass) {
         int p = base_;
-        if (comprClass == deflate::kClassFast)
+        if (comprClass == VekDeflateFast)
             p = runFast(p);
-        else if (comprClass == deflate::kClassBest)
+        else if (comprClass == VekDeflateBest)
             p = runLazy(p);
         else
             p = runGreedy(p);
@@ -275,20 +281,20 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
     if (pairSpace == 0) return StatusDstSize;
     DeflateState& s = *deflate::stateOf(pState);
     if (srcLen == 0) {
-        // An empty flush-2 call still cuts the history.
-        if (flush == deflate::kFlushHistoryCut) {
+        // An empty history-cut call still cuts the history.
+        if (flush == VekDeflateHistoryCut) {
             cutHistory(s);
             s.lastFlush = flush;
-            if (s.streamStatus == 0) s.streamStatus = 1;
+            if (s.streamStatus == VekDeflateNotBegun) s.streamStatus = VekDeflateMatching;
         }
         return StatusOk;
     }
     const Vek8u* src = *ppSrc;
     if (!src) return StatusNullPointer;
 
-    // The call with flush 2 and the one after it see no history and start
+    // The history-cut call and the one after it see no history and start
     // their positions from 0, so no match reaches back across the cut.
-    const bool cut = flush == deflate::kFlushHistoryCut || s.lastFlush == deflate::kFlushHistoryCut;
+    const bool cut = flush == VekDeflateHistoryCut || s.lastFlush == VekDeflateHistoryCut;
     if (srcLen > kMaxStreamPosition - (cut ? 0 : s.streamPos)) return StatusSize;
     if (cut) cutHistory(s);
     const int base = s.streamPos;
@@ -307,11 +313,10 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
         s.streamPos = base + consumed;
     }
     VekStatus status = StatusOk;
-    if (consumed > 0 && s.checksumKind == deflate::kChecksumAdler32)
-        status = ::veksAdler32_8u(src, consumed, &s.checksum);
-    if (consumed > 0 && s.checksumKind == deflate::kChecksumCrc32) status = ::veksCRC32_8u(src, consumed, &s.checksum);
+    if (consumed > 0 && s.checksumKind == VekDeflateAdler32) status = checksumAdler32(src, consumed, &s.checksum);
+    if (consumed > 0 && s.checksumKind == VekDeflateCrc32) status = checksumCrc32(src, consumed, &s.checksum);
     s.lastFlush = flush;
-    if (s.streamStatus == 0) s.streamStatus = 1;  // the stream has begun: no dictionary any more
+    if (s.streamStatus == VekDeflateNotBegun) s.streamStatus = VekDeflateMatching;  // no dictionary any more
 
     *ppSrc = src + consumed;
     *pSrcLen = srcLen - consumed;

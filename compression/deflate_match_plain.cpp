@@ -27,6 +27,10 @@ int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int
     return matchLength(candidate, current, maxLen);
 }
 
+// The running checksum through this level's own implementations.
+VekStatus checksumAdler32(const Vek8u* src, int len, Vek32u* sum) { return plain::veksAdler32_8u(src, len, sum); }
+VekStatus checksumCrc32(const Vek8u* src, int len, Vek32u* sum) { return plain::veksCRC32_8u(src, len, sum); }
+
 }  // namespace
 
 #include "compression/deflate_match.h"
@@ -53,8 +57,8 @@ void restart(DeflateState& s) {
     s.pairs = s.pairStorage;
     s.pairCount = 0;
     s.pairCapacity = deflate::kPairCapacity;
-    s.streamStatus = 0;
-    s.lastFlush = 0;
+    s.streamStatus = VekDeflateNotBegun;
+    s.lastFlush = VekDeflateNoFlush;
     s.linkedEnd = 0;
 }
 
@@ -73,8 +77,7 @@ VekStatus VEK_CALL veksEncodeLZ77Init_8u(int comprClass, int checksumKind, VekDe
     for (int32_t& c : s.chain) c = deflate::kNoPosition;
     restart(s);
     s.checksumKind = checksumKind;
-    s.comprClass =
-        comprClass == deflate::kClassFast || comprClass == deflate::kClassBest ? comprClass : deflate::kClassDefault;
+    s.comprClass = comprClass == VekDeflateFast || comprClass == VekDeflateBest ? comprClass : VekDeflateDefault;
     return StatusOk;
 }
 
@@ -82,7 +85,7 @@ VekStatus VEK_CALL veksEncodeLZ77InitAlloc_8u(int comprClass, int checksumKind, 
     if (!ppState) return StatusNullPointer;
     int size = 0;
     plain::veksEncodeLZ77GetSize_8u(&size);
-    Vek8u* block = veksMalloc_8u(size);
+    Vek8u* block = plain::veksMalloc_8u(size);
     if (!block) return StatusMemoryAllocated;
     VekDeflateState* state = reinterpret_cast<VekDeflateState*>(block);
     plain::veksEncodeLZ77Init_8u(comprClass, checksumKind, state);
@@ -90,7 +93,7 @@ VekStatus VEK_CALL veksEncodeLZ77InitAlloc_8u(int comprClass, int checksumKind, 
     return StatusOk;
 }
 
-void VEK_CALL veksLZ77Free_8u(void* pState) { veksFree(pState); }
+void VEK_CALL veksLZ77Free_8u(void* pState) { plain::veksFree(pState); }
 
 VekStatus VEK_CALL veksEncodeLZ77Reset_8u(VekDeflateState* pState) {
     if (!pState) return StatusNullPointer;
@@ -103,7 +106,7 @@ VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLe
     if (dictLen < 0) return StatusSize;
     if (dictLen < deflate::kMinMatch) return StatusOk;
     DeflateState& s = *deflate::stateOf(pState);
-    if (s.streamStatus != 0) return StatusUnknown;
+    if (s.streamStatus != VekDeflateNotBegun) return StatusUnknown;
 
     // A dictionary replaces any one set before: the heads forget it.
     const int count = dictLen < deflate::kWindowSize ? dictLen : deflate::kWindowSize;
@@ -112,7 +115,7 @@ VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLe
     s.streamPos = count;
     clearHeads(s);
     for (int i = 0; i + 2 < count; ++i) {
-        if (s.comprClass == deflate::kClassFast)
+        if (s.comprClass == VekDeflateFast)
             s.head[rollingHash(s.history + i)] = i;
         else
             linkPosition(s, i, s.history + i);

@@ -44,6 +44,11 @@ int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int
     return matchLength(candidate, current, maxLen);
 }
 
+// The running checksum through the implementations the export list gives
+// this level: Adler-32's sse2 one and CRC-32's sse one.
+VekStatus checksumAdler32(const Vek8u* src, int len, Vek32u* sum) { return sse2::veksAdler32_8u(src, len, sum); }
+VekStatus checksumCrc32(const Vek8u* src, int len, Vek32u* sum) { return sse::veksCRC32_8u(src, len, sum); }
+
 }  // namespace
 
 #include "compression/deflate_match.h"

@@ -12,6 +12,7 @@
 
 #include <stdint.h>
 
+#include "compression/deflate_status.h"
 #include "vek.h"
 
 namespace vek::deflate {
@@ -25,12 +26,8 @@ constexpr int kPairCapacity = 65280;     // pairs the state holds
 constexpr int32_t kNoPosition = -32768;  // empty head or chain entry
 constexpr int kLitLenSymbols = 286, kDistSymbols = 30;
 
-// Checksum kinds (the second argument of initialisation).
-constexpr int kChecksumAdler32 = 1, kChecksumCrc32 = 2;
-// Compression classes.
-constexpr int kClassFast = 0, kClassDefault = 1, kClassBest = 2;
-// Flush modes of the encoding call and the block coders.
-constexpr int kFlushHistoryCut = 2, kFlushFinal = 3;
+// Classes, checksum kinds, flush values and the stream status are named in
+// vek.h (VekDeflate...); the block coders' own words in deflate_status.h.
 
 // A literal (distance 0, value = the byte) or a match (value = length
 // 3..258, distance 1..32768).  Callers see pairs as two Vek16u.
@@ -53,16 +50,16 @@ struct SymbolCount {
 struct BlockCoder {
     Vek64u bitBuffer = 0;  // pending bits, least significant first (up to 63)
     int bitCount = 0;
-    int subStatus = 0;      // 2: a new block may be decided; 3: stopped on a full output; 5: nothing pending
-    int storedState = 0;    // 0..3: how far the stored block's header has gone
+    int subStatus = 0;      // kNewBlock, kStopped or kNothingPending (deflate_status.h)
+    int storedState = 0;    // StoredPhase: how far the stored block has got
     int storedDone = 0;     // bytes written of the stored block's current part (LEN/NLEN or data)
     int storedLength = 0;   // LEN of the open stored block
     Vek8u trailer[8] = {};  // the trailer being written
     int trailerDone = 0;    // its bytes already written
     int trailerLength = 0;  // 4 or 8 while a trailer is being written, else 0
     int huffMode = 0;       // the last decision of SelectHuffMode: 0 fixed, 1 dynamic
-    int blockPhase = 0;     // Huffman block: 0 none open, 1 header, 2 pairs, 3 end of block, 4 closing
-    int blockType = 0;      // of the open Huffman block: 1 fixed, 2 dynamic
+    int blockPhase = 0;     // BlockPhase of the open Huffman block
+    int blockType = 0;      // of the open Huffman block: kFixedBlock or kDynamicBlock
     int blockFinal = 0;     // the open block is the stream's last
     int headerStep = 0;     // header items of the open block already put in
     SymbolCount litLen[kLitLenSymbols] = {};
@@ -84,8 +81,8 @@ struct BlockCoder {
 struct DeflateState {
     int outWords[3] = {};  // output position and remaining length of the block coder and flush
     Vek32u checksum = 0;   // running checksum of the input, from 0 for both kinds
-    int checksumKind = 0;  // 1 Adler-32, 2 CRC-32, other: none
-    int comprClass = kClassDefault;
+    int checksumKind = 0;  // VekDeflateAdler32, VekDeflateCrc32, other: none
+    int comprClass = VekDeflateDefault;
     int streamPos = 0;  // input bytes taken since init, reset or the last history cut
     BlockCoder coder;
 
@@ -99,7 +96,7 @@ struct DeflateState {
     int pairCount = 0;      // and room for how many
     int pairCapacity = kPairCapacity;
 
-    int streamStatus = 0;  // read and written by Get/SetStatus and the coders
+    int streamStatus = 0;  // VekDeflateNotBegun ...: read and written by Get/SetStatus and the coders
     int lastFlush = 0;     // flush mode of the previous encoding call
     int linkedEnd = 0;     // positions below it are already in the hash tables
 

@@ -586,10 +586,11 @@ VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc
 /* A byte-oriented run-length code.  Items: a literal byte b (the byte after
  * it differs), or the three bytes b, b, n standing for n + 2 copies of b
  * (runs of 2 to 257; a longer run is split into runs of 257 and the rest,
- * a rest of one byte being a literal).  The last 2 bytes of a coded chunk
- * are plain bytes: the encoder writes source bytes plainly once only 2
- * bytes of room are left, and the decoder copies the last 2 bytes of its
- * source as they are.  So decode each coded chunk on its own, with exactly
+ * a rest of one byte being a literal).  A coded chunk may end in up to 2
+ * plain bytes: the encoder writes source bytes plainly once only 2 bytes of
+ * room are left, and the decoder copies as they are the bytes left once
+ * fewer than 3 remain to be read (a run item that ends the chunk exactly is
+ * still a run).  So decode each coded chunk on its own, with exactly
  * the length the encoder produced for it (concatenated chunks do not
  * decode as one).
  *
@@ -605,6 +606,36 @@ VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc
 VEK_API VekStatus VEK_CALL veksEncodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen);
 VEK_API VekStatus VEK_CALL veksDecodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u* pDst, int* pDstLen);
 
+/* ---- The deflate encoder: the values of its arguments and status --------- */
+/* Compression classes (comprClass of veksEncodeLZ77Init_8u; any other value
+ * gives VekDeflateDefault). */
+enum {
+    VekDeflateFast = 0,    /* one candidate per position, no chains */
+    VekDeflateDefault = 1, /* greedy matching, up to 16 candidates */
+    VekDeflateBest = 2     /* lazy matching, up to 512 candidates */
+};
+/* Checksum kinds (checksumKind of veksEncodeLZ77Init_8u). */
+enum {
+    VekDeflateNoChecksum = 0,
+    VekDeflateAdler32 = 1, /* for the zlib container */
+    VekDeflateCrc32 = 2    /* for the gzip container */
+};
+/* Flush values of veksEncodeLZ77_8u and the block coders. */
+enum {
+    VekDeflateNoFlush = 0,    /* more follows */
+    VekDeflateHistoryCut = 2, /* veksEncodeLZ77_8u: no match reaches back across this call */
+    VekDeflateLastBlock = 3   /* block coders: the stream's last block (BFINAL = 1) */
+};
+/* Stream status (veksEncodeLZ77GetStatus_8u, veksEncodeLZ77SetStatus_8u). */
+enum {
+    VekDeflateNotBegun = 0, /* after Init and Reset */
+    VekDeflateMatching = 1, /* an encoding call has run; set it to empty the pair list after a block */
+    VekDeflateCoding = 2,   /* set it to make the pairs held the block to code */
+    VekDeflateComplete = 3  /* the last block is written: the trailer may follow */
+};
+/* Code choices of veksEncodeLZ77SelectHuffMode_8u. */
+enum { VekDeflateFixedCodes = 0, VekDeflateDynamicCodes = 1 };
+
 /* ---- The deflate encoder: state and match finding ------------------------- */
 /* The first stage of a deflate (RFC 1951) encoder: input bytes become LZ77
  * pairs, and the running checksum of the input is kept for the trailer.
@@ -619,11 +650,13 @@ VEK_API VekStatus VEK_CALL veksDecodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, V
  * or copied after Init.  veksEncodeLZ77InitAlloc_8u allocates one with
  * veksMalloc_8u (StatusMemoryAllocated when that fails, *ppState then
  * unchanged); veksLZ77Free_8u releases it (null is ignored).
- *   comprClass: 0 fast (one candidate per position), 2 best (lazy matching,
- *     up to 512 candidates), anything else default (greedy, 16 candidates).
- *   checksumKind: 1 Adler-32 (zlib wrapper), 2 CRC-32 (gzip wrapper), other
- *     values none.  The running checksum starts from 0 for both kinds: the
- *     Adler-32 start value 1 is not put in.
+ *   comprClass: VekDeflateFast, VekDeflateDefault or VekDeflateBest (above);
+ *     any other value gives VekDeflateDefault.
+ *   checksumKind: VekDeflateAdler32 or VekDeflateCrc32 keep that running
+ *     checksum of the input; any other value keeps none (and the trailer
+ *     can then be written only for VekDeflateNoChecksum).  The running
+ *     checksum starts from 0 for both kinds: the Adler-32 start value 1 is
+ *     not put in.
  * veksEncodeLZ77Reset_8u starts a new stream with the same class and
  * checksum kind: history, checksum, stream position, stream status and the
  * block coder are cleared, and the pair list is the state's own again,
@@ -638,20 +671,22 @@ VEK_API VekStatus VEK_CALL veksDecodeRLE_8u(const Vek8u** ppSrc, int* pSrcLen, V
  *
  * veksEncodeLZ77_8u takes bytes from *ppSrc (*pSrcLen of them) and writes
  * pairs at *ppPairs (room for *pPairsLen); both are advanced by what was
- * consumed and written.  Checks: a null pointer (including *ppPairs, and
- * *ppSrc when *pSrcLen > 0): StatusNullPointer; *pPairsLen or *pSrcLen
+ * consumed and written.  Checks, in order: a null ppSrc, pSrcLen, ppPairs,
+ * *ppPairs, pPairsLen or pState: StatusNullPointer; *pPairsLen or *pSrcLen
  * negative: StatusSize; *pPairsLen = 0: StatusDstSize at once; *pSrcLen = 0:
- * StatusOk at once (with flush 2 the history is still cut).  The last 2
- * bytes of every call (3 under the best class) are written as literals, so
- * a stream fed in many calls compresses a little worse than in one.  When
- * the pairs run out the call stops and returns StatusDstSize; calling again
- * with more room gives the same pairs as one larger call would have.
- * flush = 2 cuts the history: that call and the next one see no earlier
- * bytes and leave none behind, so no match reaches back across the cut.
- * Other flush values do not change the matching.  The consumed bytes are
- * added to the running checksum, and the stream status becomes 1 if it was
- * 0 (the stream has begun).  A stream takes at most 2^31 - 65537 bytes
- * between Init, Reset and history cuts; a call beyond that gets StatusSize.
+ * StatusOk at once (with VekDeflateHistoryCut the history is still cut);
+ * a null *ppSrc: StatusNullPointer.  The last 2 bytes of every call (3
+ * under the best class) are written as literals, so a stream fed in many
+ * calls compresses a little worse than in one.  When the pairs run out the
+ * call stops and returns StatusDstSize; calling again with more room gives
+ * the same pairs as one larger call would have.
+ * flush = VekDeflateHistoryCut cuts the history: that call and the next one
+ * see no earlier bytes and leave none behind (the stream position is 0
+ * after each), so no match reaches back across the cut.  Other flush
+ * values do not change the matching.  The consumed bytes are added to the
+ * running checksum, and a stream status of VekDeflateNotBegun becomes
+ * VekDeflateMatching.  A stream takes at most 2^31 - 65537 bytes between
+ * Init, Reset and history cuts; a call beyond that gets StatusSize.
  *
  * veksEncodeLZ77GetPairs_8u reports the pair list the block coders read:
  * where it starts, how many pairs it holds and its capacity (any null
@@ -684,34 +719,40 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SetPairs_8u(Vek16u* pPairs, int pairsCo
  * coder: another coder called while a block is open returns
  * StatusContextMismatch).  The bytes are the same however the output is cut,
  * down to one byte per call.  Pending bits wait in the state between calls
- * and every coder writes them first.  Nothing beyond the bytes reported as
- * produced is written.  Every block a coder writes holds exactly the pairs
- * (or bytes) of the call that opened it.
+ * and every coder writes them first.  Nothing outside the room given is
+ * written; within it, only the Huffman coders may change bytes past those
+ * reported as produced (below).  Every block a coder writes holds exactly
+ * the pairs (or bytes) of the call that opened it.
  *
- * flush: 3 marks the stream's last block (BFINAL = 1); any other value a
- * block that more follow.  The coder of the last block pads it to a byte
- * boundary and writes every byte of it; when it has, it returns StatusOk and
- * sets the stream status to 3, so the trailer starts on a byte.
+ * flush: VekDeflateLastBlock marks the stream's last block (BFINAL = 1); any
+ * other value a block that more follow.  The coder of the last block pads
+ * it to a byte boundary and writes every byte of it; when it has, it
+ * returns StatusOk and sets the stream status to VekDeflateComplete, so the
+ * trailer starts on a byte.
  *
- * Stream status (GetStatus/SetStatus): 0 after initialisation, 1 once an
- * encoding call has run, 3 once the last block is written (the Flush call
- * needs it); SetStatus stores any value as given.
- * veksEncodeLZ77SetStatus_8u with 1 empties the pair list (back to the
- * state's own storage, capacity 65280); with 2 makes the capacity the count
- * of pairs held and the count 0, and lets the next SelectHuffMode decide
- * afresh.  Null pointers: StatusNullPointer. */
+ * Stream status (GetStatus/SetStatus): VekDeflateNotBegun after
+ * initialisation, VekDeflateMatching once an encoding call has run,
+ * VekDeflateComplete once the last block is written (the Flush call needs
+ * it); SetStatus stores any value as given.  SetStatus with
+ * VekDeflateMatching also empties the pair list (back to the state's own
+ * storage, capacity 65280); with VekDeflateCoding it makes the capacity the
+ * count of pairs held and the count 0, and lets the next SelectHuffMode
+ * decide afresh.  So a caller codes a block by SetStatus(VekDeflateCoding),
+ * the coder, then SetStatus(VekDeflateMatching) unless it was the last.
+ * Null pointers: StatusNullPointer. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77GetStatus_8u(int* pStatus, VekDeflateState* pState);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateState* pState);
 
-/* Fixed (0) or dynamic (1) codes for the pairs, by their skew: with the
- * distinct literal/length symbols listed in order of first appearance and
- * c(k) the count of the k-th, m = (sum of k * c(k)) / pairsCount; mode 1
- * when the largest count exceeds c(m) by pairsCount / 4 or more (rounded
- * down), else 0.  No bit counts are compared.  Zero pairs give mode 0.
- * Decides once after each SetStatus(2); otherwise writes the previous
- * decision.
+/* Fixed (VekDeflateFixedCodes) or dynamic (VekDeflateDynamicCodes) codes
+ * for the pairs, by their skew: with the distinct literal/length symbols
+ * listed in order of first appearance and c(k) the count of the k-th,
+ * m = (sum of k * c(k)) / pairsCount; dynamic when the largest count
+ * exceeds c(m) by pairsCount / 4 or more (rounded down), else fixed.  No
+ * bit counts are compared.  Zero pairs give fixed codes.  Decides once after
+ * each SetStatus(VekDeflateCoding); otherwise writes the previous decision
+ * without looking at the pairs.
  * Checks: null pointer -> StatusNullPointer; pairsCount < 0 -> StatusSize;
- * a pair outside the ranges above -> StatusBadArgument. */
+ * when deciding, a pair outside the ranges above -> StatusBadArgument. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pairsCount, int* pHuffMode,
                                                            VekDeflateState* pState);
 
@@ -739,16 +780,18 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, 
 VEK_API VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst, int* pDstLen,
                                                         int flush, VekDeflateState* pState);
 
-/* The trailer, after the last block: checksum kind 1 writes the running
- * checksum most significant byte first (4 bytes); kinds 2 and 0 write the
- * running checksum and then the stream position (input bytes taken), each
- * least significant byte first (8 bytes: gzip's CRC32 and ISIZE).  The
- * state's running checksum starts from 0 for both kinds, so a zlib caller
- * that needs the true Adler-32 (which starts from 1) computes it with
- * veksAdler32_8u.  Stops on a full output and goes on in the next call.
+/* The trailer, after the last block: VekDeflateAdler32 writes the running
+ * checksum most significant byte first (4 bytes); VekDeflateCrc32 and
+ * VekDeflateNoChecksum write the running checksum (0 for no checksum) and
+ * then the stream position (the input bytes taken, dictionary included,
+ * counted from 0 again after a history cut), each least significant byte
+ * first (8 bytes: gzip's CRC32 and ISIZE).  The state's running checksum
+ * starts from 0 for both kinds, so a zlib caller that needs the true
+ * Adler-32 (which starts from 1) computes it with veksAdler32_8u.  Stops on
+ * a full output and goes on in the next call.
  * Checks: null pointer -> StatusNullPointer; *pDstLen < 0 -> StatusSize;
- * stream status not 3 or another checksum kind -> StatusUnknown; *pDstLen = 0
- * -> StatusDstSize. */
+ * stream status not VekDeflateComplete or another checksum kind ->
+ * StatusUnknown; *pDstLen = 0 -> StatusDstSize. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, VekDeflateState* pState);
 
 #ifdef __cplusplus

@@ -5,7 +5,10 @@
 #     plain (undecorated) name;
 #  3. each dispatched entry is a load of the level and an indirect jump
 #     through the table: only mov/lea before an indirect jmp, no frame, no
-#     compare, no call.
+#     compare, no call;
+#  4. no function of the library calls or jumps to a dispatched entry: a
+#     level's code runs its own level's kernels, whatever level the library
+#     chose at load.
 # usage: check_entry_stubs.sh LIBRARY core/export_list.h
 set -euo pipefail
 lib=${1:?library}; list=${2:?export list}
@@ -66,4 +69,12 @@ awk -F'\t' -v exportsFile="$disasm.exports" -v lib="$(basename "$lib")" '
     print "checked " n " dispatched entries and " nexp " exports of " lib
     exit fail
   }' "$names" "$bodies" || fail=1
+# Direct calls and jumps name their target: "call 1230 <veksCRC32_8u@plt>",
+# "<_veksCRC32_8u@12>" in a DLL.
+awk 'NR == FNR {want[$1] = 1; next}
+  /^[0-9a-f]+ <.*>:$/ {fn = $0; sub(/^[0-9a-f]+ </, "", fn); sub(/>:$/, "", fn); next}
+  /(call|jmp)[lq]?[ \t]+[0-9a-fx]+ <[^>]*>$/ {
+    target = $NF; gsub(/^<_?|>$/, "", target); sub(/(@plt|@[0-9]+)?(\+0x[0-9a-f]+)?$/, "", target)
+    if (target in want) {print fn " calls the dispatched entry " target; bad = 1} }
+  END {exit bad}' "$names" "$disasm" || fail=1
 exit $fail

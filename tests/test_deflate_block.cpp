@@ -8,6 +8,7 @@
 
 #include "compression/deflate_huffman.h"
 #include "compression/deflate_state.h"
+#include "compression/deflate_status.h"
 #include "harness.h"
 
 #ifdef VEK_HAVE_ZLIB
@@ -23,7 +24,7 @@ enum Coder { kStored = 0, kFixed = 1, kDynamic = 2 };
 
 // A state as initialisation leaves it, for these tests alone: the coders
 // need nothing of the match finder.
-std::unique_ptr<DeflateState> freshState(int checksumKind = 2) {
+std::unique_ptr<DeflateState> freshState(int checksumKind = VekDeflateCrc32) {
     auto s = std::make_unique<DeflateState>();
     s->pairs = s->pairStorage;
     s->checksumKind = checksumKind;
@@ -118,7 +119,7 @@ VekStatus writeStream(int level, const TestStream& t, int chunk, std::vector<uin
     auto s = freshState();
     size_t begin = 0;
     for (size_t b = 0; b < t.blocks.size(); ++b) {
-        const int flush = b + 1 == t.blocks.size() ? 3 : 0;
+        const int flush = b + 1 == t.blocks.size() ? VekDeflateLastBlock : VekDeflateNoFlush;
         const size_t rawLen = t.dataEnd[b] - begin;
         if (t.coders[b] == kStored && rawLen > 65535) return StatusSize;
         const VekStatus st = codeBlock(level, t.coders[b], t.blocks[b].data(), int(t.blocks[b].size() / 2),
@@ -128,7 +129,7 @@ VekStatus writeStream(int level, const TestStream& t, int chunk, std::vector<uin
     }
     int status = -1;
     vekTable_veksEncodeLZ77GetStatus_8u[level](&status, opaque(s.get()));
-    return status == 3 ? StatusOk : StatusUnknown;
+    return status == VekDeflateComplete ? StatusOk : StatusUnknown;
 }
 
 #ifdef VEK_HAVE_ZLIB
@@ -178,7 +179,7 @@ VEK_DIFF_CASE(veksEncodeLZ77SelectHuffMode_8u, [] {
             mode, {-1},
             [&](int level) {
                 auto s = freshState();
-                vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s.get()));
+                vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, opaque(s.get()));
                 return int(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
                                                                            mode.data(), opaque(s.get())));
             },
@@ -198,7 +199,7 @@ VEK_DIFF_CASE(veksEncodeLZ77Flush_8u, [] {
                 auto s = freshState(kind);
                 s->checksum = sum;
                 s->streamPos = pos;
-                s->streamStatus = 3;
+                s->streamStatus = VekDeflateComplete;
                 std::vector<uint8_t> bytes;
                 const VekStatus st = writeTrailer(level, s.get(), bytes, chunk);
                 std::copy(bytes.begin(), bytes.begin() + std::min<size_t>(bytes.size(), 16), out.data());
@@ -209,7 +210,8 @@ VEK_DIFF_CASE(veksEncodeLZ77Flush_8u, [] {
 });
 
 VEK_DIFF_CASE(veksEncodeLZ77GetStatus_8u, [] {
-    for (int status : {0, 1, 2, 3, -7, 12345}) {
+    for (int status : std::initializer_list<int>{VekDeflateNotBegun, VekDeflateMatching, VekDeflateCoding,
+                                                 VekDeflateComplete, -7, 12345}) {
         GuardedArray<int> got(1);
         compareLevels(
             got, {-1},
@@ -223,7 +225,8 @@ VEK_DIFF_CASE(veksEncodeLZ77GetStatus_8u, [] {
 });
 
 VEK_DIFF_CASE(veksEncodeLZ77SetStatus_8u, [] {
-    for (int status : {0, 1, 2, 3, 5, -1}) {
+    for (int status : std::initializer_list<int>{VekDeflateNotBegun, VekDeflateMatching, VekDeflateCoding,
+                                                 VekDeflateComplete, 5, -1}) {
         GuardedArray<int> fields(5);
         compareLevels(
             fields, std::vector<int>(5, 0),
@@ -276,7 +279,7 @@ TEST(DeflateBlock, EmptyAndSingleSymbolBlocksAreValid) {
                 const Vek16u none[2] = {};
                 data.reserve(1);  // a valid pointer even when empty
                 ASSERT_EQ(codeBlock(level, coder, pairs.empty() ? none : pairs.data(), int(pairs.size() / 2),
-                                    data.data(), int(data.size()), 3, s.get(), out, 1),
+                                    data.data(), int(data.size()), VekDeflateLastBlock, s.get(), out, 1),
                           StatusOk);
                 std::vector<uint8_t> inflated;
                 ASSERT_TRUE(inflateRaw(out, inflated, data.size())) << "coder " << coder << " pairs " << pairs.size();
@@ -363,7 +366,8 @@ TEST(DeflateBlock, SkewedCountsStayWithinFifteenBits) {
     for (int level : availableLevels()) {
         auto s = freshState();
         std::vector<uint8_t> out;
-        ASSERT_EQ(codeBlock(level, kDynamic, pairs.data(), int(pairs.size() / 2), nullptr, 0, 3, s.get(), out, 4096),
+        ASSERT_EQ(codeBlock(level, kDynamic, pairs.data(), int(pairs.size() / 2), nullptr, 0, VekDeflateLastBlock,
+                            s.get(), out, 4096),
                   StatusOk);
         const BlockCoder& c = s->coder;
         EXPECT_LE(*std::max_element(c.litLenBits, c.litLenBits + 286), 15);
@@ -378,7 +382,7 @@ TEST(DeflateBlock, SkewedCountsStayWithinFifteenBits) {
 // ---- the choice of codes -----------------------------------------------------------
 
 int selectMode(int level, DeflateState* s, const std::vector<Vek16u>& pairs, bool newBlock) {
-    if (newBlock) vekTable_veksEncodeLZ77SetStatus_8u[level](2, opaque(s));
+    if (newBlock) vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, opaque(s));
     int mode = -1;
     const Vek16u none[2] = {};
     EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.empty() ? none : pairs.data(),
@@ -424,31 +428,36 @@ TEST(DeflateBlock, StoredBlockLimitsAndResumption) {
     for (int level : availableLevels()) {
         auto s = freshState();
         std::vector<uint8_t> out;
-        EXPECT_EQ(codeBlock(level, kStored, nullptr, 0, data.data(), 65536, 3, s.get(), out, 100000), StatusSize);
+        EXPECT_EQ(codeBlock(level, kStored, nullptr, 0, data.data(), 65536, VekDeflateLastBlock, s.get(), out, 100000),
+                  StatusSize);
         EXPECT_TRUE(out.empty());
         std::vector<uint8_t> whole, cut;
-        ASSERT_EQ(codeBlock(level, kStored, nullptr, 0, data.data(), 65535, 3, s.get(), whole, 100000), StatusOk);
+        ASSERT_EQ(
+            codeBlock(level, kStored, nullptr, 0, data.data(), 65535, VekDeflateLastBlock, s.get(), whole, 100000),
+            StatusOk);
         ASSERT_EQ(whole.size(), 65535u + 5);
         EXPECT_EQ(whole[0], 1);  // BFINAL, type 00, padding
         EXPECT_EQ(whole[1] | whole[2] << 8, 65535);
         EXPECT_EQ(whole[3] | whole[4] << 8, 0);
         auto t = freshState();
-        ASSERT_EQ(codeBlock(level, kStored, nullptr, 0, data.data(), 65535, 3, t.get(), cut, 1), StatusOk);
+        ASSERT_EQ(codeBlock(level, kStored, nullptr, 0, data.data(), 65535, VekDeflateLastBlock, t.get(), cut, 1),
+                  StatusOk);
         EXPECT_TRUE(cut == whole);
         // After bits of a fixed block: the header goes on in the same byte
         // and the padding takes the count to a byte boundary.
         auto u = freshState();
         std::vector<uint8_t> mixed;
         const std::vector<Vek16u> one = literals("x");
-        ASSERT_EQ(codeBlock(level, kFixed, one.data(), 1, nullptr, 0, 0, u.get(), mixed, 1), StatusOk);
-        ASSERT_EQ(codeBlock(level, kStored, nullptr, 0, data.data(), 3, 3, u.get(), mixed, 1), StatusOk);
+        ASSERT_EQ(codeBlock(level, kFixed, one.data(), 1, nullptr, 0, VekDeflateNoFlush, u.get(), mixed, 1), StatusOk);
+        ASSERT_EQ(codeBlock(level, kStored, nullptr, 0, data.data(), 3, VekDeflateLastBlock, u.get(), mixed, 1),
+                  StatusOk);
         EXPECT_EQ(mixed.size(), 2u + 1 + 4 + 3);  // 3 + 8 + 7 + 3 bits, then LEN/NLEN and the data
     }
 }
 
 TEST(DeflateBlock, TrailerBytesAndResumption) {
     for (int level : availableLevels())
-        for (int kind : {0, 1, 2, 7}) {
+        for (int kind : std::initializer_list<int>{VekDeflateNoChecksum, VekDeflateAdler32, VekDeflateCrc32, 7}) {
             auto s = freshState(kind);
             s->checksum = 0x11223344;
             s->streamPos = 0x55667788;
@@ -458,7 +467,7 @@ TEST(DeflateBlock, TrailerBytesAndResumption) {
             int len = 16;
             EXPECT_EQ(vekTable_veksEncodeLZ77Flush_8u[level](&dst, &len, opaque(s.get())), StatusUnknown);
             EXPECT_EQ(len, 16);  // no last block yet: nothing written
-            s->streamStatus = 3;
+            s->streamStatus = VekDeflateComplete;
             const VekStatus st = writeTrailer(level, s.get(), out, 1);
             if (kind == 7) {
                 EXPECT_EQ(st, StatusUnknown);
@@ -467,10 +476,10 @@ TEST(DeflateBlock, TrailerBytesAndResumption) {
             }
             ASSERT_EQ(st, StatusOk);
             const std::vector<uint8_t> expected =
-                kind == 1 ? std::vector<uint8_t>{0x11, 0x22, 0x33, 0x44}
-                          : std::vector<uint8_t>{0x44, 0x33, 0x22, 0x11, 0x88, 0x77, 0x66, 0x55};
+                kind == VekDeflateAdler32 ? std::vector<uint8_t>{0x11, 0x22, 0x33, 0x44}
+                                          : std::vector<uint8_t>{0x44, 0x33, 0x22, 0x11, 0x88, 0x77, 0x66, 0x55};
             EXPECT_TRUE(out == expected) << "kind " << kind;
-            EXPECT_EQ(s->coder.subStatus, 5);
+            EXPECT_EQ(s->coder.subStatus, vek::deflate::kNothingPending);
             out.clear();  // and again, afresh
             ASSERT_EQ(writeTrailer(level, s.get(), out, 3), StatusOk);
             EXPECT_TRUE(out == expected);
@@ -493,31 +502,36 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
         const Vek16u* nullPairs = nullptr;
         int pairsLen = 3, dstLen = 64, bad = -1, zero = 0;
         for (auto huff : {vekTable_veksEncodeLZ77FixedHuff_8u[level], vekTable_veksEncodeLZ77DynamicHuff_8u[level]}) {
-            EXPECT_EQ(huff(nullptr, &pairsLen, &dst, &dstLen, 0, st), StatusNullPointer);
-            EXPECT_EQ(huff(&nullPairs, &pairsLen, &dst, &dstLen, 0, st), StatusNullPointer);
-            EXPECT_EQ(huff(&pairs, &pairsLen, &nullDst, &dstLen, 0, st), StatusNullPointer);
+            EXPECT_EQ(huff(nullptr, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
+            EXPECT_EQ(huff(&nullPairs, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
+            EXPECT_EQ(huff(&pairs, &pairsLen, &nullDst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
             EXPECT_EQ(huff(&pairs, &pairsLen, &dst, &dstLen, 0, nullptr), StatusNullPointer);
-            EXPECT_EQ(huff(&pairs, &bad, &dst, &zero, 0, st), StatusSize);  // sizes before the empty output
-            EXPECT_EQ(huff(&pairs, &pairsLen, &dst, &bad, 0, st), StatusSize);
-            EXPECT_EQ(huff(&pairs, &pairsLen, &dst, &zero, 0, st), StatusDstSize);
-            EXPECT_EQ(s->coder.subStatus, 3);
+            EXPECT_EQ(huff(&pairs, &bad, &dst, &zero, VekDeflateNoFlush, st),
+                      StatusSize);  // sizes before the empty output
+            EXPECT_EQ(huff(&pairs, &pairsLen, &dst, &bad, VekDeflateNoFlush, st), StatusSize);
+            EXPECT_EQ(huff(&pairs, &pairsLen, &dst, &zero, VekDeflateNoFlush, st), StatusDstSize);
+            EXPECT_EQ(s->coder.subStatus, vek::deflate::kStopped);
             for (const std::vector<Vek16u>& wrong : {std::vector<Vek16u>{'a', 0, 256, 0}, std::vector<Vek16u>{2, 1},
                                                      std::vector<Vek16u>{259, 1}, std::vector<Vek16u>{3, 32769}}) {
                 const Vek16u* w = wrong.data();
                 int n = int(wrong.size() / 2);
-                EXPECT_EQ(huff(&w, &n, &dst, &dstLen, 0, st), StatusBadArgument);
+                EXPECT_EQ(huff(&w, &n, &dst, &dstLen, VekDeflateNoFlush, st), StatusBadArgument);
                 EXPECT_EQ(w, wrong.data());
             }
             EXPECT_EQ(dst, room);
             EXPECT_EQ(dstLen, 64);
         }
         int srcLen = 3, big = 65536;
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, 0, st),
+        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
                   StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, 0, st), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &zero, 0, st), StatusDstSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &dstLen, 0, st), StatusSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &bad, &dst, &dstLen, 0, st), StatusSize);
+        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, VekDeflateNoFlush, st),
+                  StatusNullPointer);
+        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &zero, VekDeflateNoFlush, st),
+                  StatusDstSize);
+        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &dstLen, VekDeflateNoFlush, st),
+                  StatusSize);
+        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &bad, &dst, &dstLen, VekDeflateNoFlush, st),
+                  StatusSize);
         int mode = 9;
         EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](nullptr, 1, &mode, st), StatusNullPointer);
         EXPECT_EQ(vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs, 1, nullptr, st), StatusNullPointer);
@@ -527,17 +541,18 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
         EXPECT_EQ(vekTable_veksEncodeLZ77Flush_8u[level](&dst, &bad, st), StatusSize);
         EXPECT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](nullptr, st), StatusNullPointer);
         EXPECT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](&mode, nullptr), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](1, nullptr), StatusNullPointer);
+        EXPECT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateMatching, nullptr), StatusNullPointer);
         EXPECT_EQ(dst, room);
         EXPECT_EQ(dstLen, 64);
         for (Vek8u b : room) ASSERT_EQ(b, 0xEE);
 
         // A block left open by a full output belongs to its coder.
         int one = 1;
-        EXPECT_EQ(vekTable_veksEncodeLZ77FixedHuff_8u[level](&pairs, &pairsLen, &dst, &one, 0, st), StatusDstSize);
-        EXPECT_EQ(vekTable_veksEncodeLZ77DynamicHuff_8u[level](&pairs, &pairsLen, &dst, &dstLen, 0, st),
+        EXPECT_EQ(vekTable_veksEncodeLZ77FixedHuff_8u[level](&pairs, &pairsLen, &dst, &one, VekDeflateNoFlush, st),
+                  StatusDstSize);
+        EXPECT_EQ(vekTable_veksEncodeLZ77DynamicHuff_8u[level](&pairs, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st),
                   StatusContextMismatch);
-        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, &dstLen, 0, st),
+        EXPECT_EQ(vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
                   StatusContextMismatch);
     }
 }
@@ -548,27 +563,29 @@ TEST(DeflateBlock, StatusWordsAndThePairList) {
         VekDeflateState* st = opaque(s.get());
         int status = -1;
         ASSERT_EQ(vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st), StatusOk);
-        EXPECT_EQ(status, 0);
+        EXPECT_EQ(status, VekDeflateNotBegun);
         s->pairCount = 700;
-        ASSERT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](2, st), StatusOk);
+        ASSERT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, st), StatusOk);
         EXPECT_EQ(s->pairCapacity, 700);
         EXPECT_EQ(s->pairCount, 0);
-        EXPECT_EQ(s->coder.subStatus, 2);
-        ASSERT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](1, st), StatusOk);
+        EXPECT_EQ(s->coder.subStatus, vek::deflate::kNewBlock);
+        ASSERT_EQ(vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateMatching, st), StatusOk);
         EXPECT_EQ(s->pairCapacity, 65280);
         EXPECT_EQ(s->pairCount, 0);
         EXPECT_EQ(s->pairs, s->pairStorage);
         vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
-        EXPECT_EQ(status, 1);
+        EXPECT_EQ(status, VekDeflateMatching);
         // Only a complete last block makes the stream complete.
         const std::vector<Vek16u> pairs = literals("hello");
         std::vector<uint8_t> out;
-        ASSERT_EQ(codeBlock(level, kDynamic, pairs.data(), 5, nullptr, 0, 0, s.get(), out, 64), StatusOk);
+        ASSERT_EQ(codeBlock(level, kDynamic, pairs.data(), 5, nullptr, 0, VekDeflateNoFlush, s.get(), out, 64),
+                  StatusOk);
         vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
-        EXPECT_EQ(status, 1);
-        ASSERT_EQ(codeBlock(level, kFixed, pairs.data(), 5, nullptr, 0, 3, s.get(), out, 1), StatusOk);
+        EXPECT_EQ(status, VekDeflateMatching);
+        ASSERT_EQ(codeBlock(level, kFixed, pairs.data(), 5, nullptr, 0, VekDeflateLastBlock, s.get(), out, 1),
+                  StatusOk);
         vekTable_veksEncodeLZ77GetStatus_8u[level](&status, st);
-        EXPECT_EQ(status, 3);
+        EXPECT_EQ(status, VekDeflateComplete);
         EXPECT_EQ(s->coder.bitCount, 0);  // the trailer starts on a byte
     }
 }

@@ -13,6 +13,8 @@ namespace {
 
 using vek::deflate::DeflateState;
 
+const int kClasses[] = {VekDeflateFast, VekDeflateDefault, VekDeflateBest};
+
 // ---- inputs ------------------------------------------------------------------
 
 enum class DataKind { Text, Random, Runs, Mixed };
@@ -44,7 +46,7 @@ std::vector<uint8_t> makeData(DataKind kind, int n) {
 // fed with one flush mode in as many calls as the pair capacities need.
 // Capacities are taken in turn, one per call.
 struct Scenario {
-    int comprClass = 1, checksumKind = 1;
+    int comprClass = VekDeflateDefault, checksumKind = VekDeflateAdler32;
     bool allocate = false;  // InitAlloc rather than Init on a caller block
     std::vector<uint8_t> dict;
     std::vector<uint8_t> data;
@@ -159,7 +161,7 @@ Record runScenario(int level, const Scenario& sc) {
     feed(level, st, sc, sc.data, sc.chunks, sc.flushes, capTurn, rec);
     if (sc.resetAndRepeat) {
         EXPECT_EQ(vekTable_veksEncodeLZ77Reset_8u[level](st), StatusOk);
-        feed(level, st, sc, sc.data, {int(sc.data.size())}, {0}, capTurn, rec);
+        feed(level, st, sc, sc.data, {int(sc.data.size())}, {VekDeflateNoFlush}, capTurn, rec);
     }
     rec.stateImage = imageOf(holder.fields());
     return rec;
@@ -178,12 +180,14 @@ Scenario randomScenario(int maxLen) {
     for (int left = n; left > 0;) {
         const int piece = r() % 3 == 0 ? left : std::min<int>(left, 1 + int(r() % (r() % 2 ? 20 : 70000)));
         sc.chunks.push_back(piece);
-        sc.flushes.push_back(r() % 6 == 0 ? 2 : r() % 8 == 0 ? 3 : 0);
+        sc.flushes.push_back(r() % 6 == 0   ? VekDeflateHistoryCut
+                             : r() % 8 == 0 ? VekDeflateLastBlock
+                                            : VekDeflateNoFlush);
         left -= piece;
     }
     if (sc.chunks.empty()) {
         sc.chunks.push_back(0);
-        sc.flushes.push_back(0);
+        sc.flushes.push_back(VekDeflateNoFlush);
     }
     if (r() % 3 == 0) sc.capacities = {int(r() % 3), 1 + int(r() % 40), 1 + int(r() % 5000)};
     sc.resetAndRepeat = r() % 5 == 0;
@@ -261,7 +265,7 @@ VEK_DIFF_CASE(veksEncodeLZ77InitAlloc_8u, [] {
 VEK_DIFF_CASE(veksLZ77Free_8u, [] {
     for (int level : availableLevels()) {  // releases what InitAlloc made; null is ignored
         VekDeflateState* st = nullptr;
-        ASSERT_EQ(vekTable_veksEncodeLZ77InitAlloc_8u[level](2, 2, &st), StatusOk);
+        ASSERT_EQ(vekTable_veksEncodeLZ77InitAlloc_8u[level](VekDeflateBest, VekDeflateCrc32, &st), StatusOk);
         vekTable_veksLZ77Free_8u[level](st);
         vekTable_veksLZ77Free_8u[level](nullptr);
     }
@@ -289,8 +293,8 @@ void checkExpansion(const Scenario& sc, const Record& rec) {
     const int kept = dictLen < 3 ? 0 : std::min(dictLen, 32768);
     std::vector<uint8_t> out(sc.dict.end() - kept, sc.dict.end());
     size_t floor = 0, pairAt = 0;
-    int lastFlush = 0;
-    const int tail = sc.comprClass == 2 ? 3 : 2;
+    int lastFlush = VekDeflateNoFlush;
+    const int tail = sc.comprClass == VekDeflateBest ? 3 : 2;
     size_t call = 0;
     for (size_t c = 0; c < sc.chunks.size(); ++c) {
         std::vector<bool> literal;  // of this chunk's bytes, whether each came as a literal
@@ -300,7 +304,7 @@ void checkExpansion(const Scenario& sc, const Record& rec) {
             const CallRecord& cr = rec.calls[call++];
             ASSERT_GE(cr.status, 0);
             if (cr.status == StatusDstSize && cr.consumed == 0 && cr.pairs == 0) continue;  // no room: no call
-            const bool standalone = cr.flush == 2 || lastFlush == 2;
+            const bool standalone = cr.flush == VekDeflateHistoryCut || lastFlush == VekDeflateHistoryCut;
             if (standalone) floor = out.size();
             size_t produced = 0;
             for (int k = 0; k < cr.pairs; ++k, ++pairAt) {
@@ -337,8 +341,8 @@ void checkExpansion(const Scenario& sc, const Record& rec) {
 // The running checksum of the data, from 0 for both kinds.
 Vek32u expectedChecksum(int kind, const std::vector<uint8_t>& data) {
     Vek32u v = 0;
-    if (kind == 1) vekTable_veksAdler32_8u[0](data.data(), int(data.size()), &v);
-    if (kind == 2 && !data.empty()) vekTable_veksCRC32_8u[0](data.data(), int(data.size()), &v);
+    if (kind == VekDeflateAdler32) vekTable_veksAdler32_8u[0](data.data(), int(data.size()), &v);
+    if (kind == VekDeflateCrc32 && !data.empty()) vekTable_veksCRC32_8u[0](data.data(), int(data.size()), &v);
     return v;
 }
 
@@ -364,13 +368,13 @@ TEST(DeflateMatch, PairsExpandToTheInput) {
 // A call that stops on a full pair list and is called again finds the
 // same pairs as one call with room for all.
 TEST(DeflateMatch, PairCapacityDoesNotChangeThePairs) {
-    for (int comprClass : {0, 1, 2})
+    for (int comprClass : kClasses)
         for (int cap : {1, 2, 3, 17, 1000}) {
             Scenario whole;
             whole.comprClass = comprClass;
             whole.data = makeData(DataKind::Mixed, 30000);
             whole.chunks = {30000};
-            whole.flushes = {0};
+            whole.flushes = {VekDeflateNoFlush};
             Scenario limited = whole;
             limited.capacities = {cap, 0};
             const Record a = runScenario(0, whole), b = runScenario(0, limited);
@@ -386,7 +390,7 @@ struct Encoded {
     std::vector<Vek16u> pairs;
 };
 
-Encoded encodeOnce(int level, VekDeflateState* st, const std::vector<uint8_t>& data, int flush = 0) {
+Encoded encodeOnce(int level, VekDeflateState* st, const std::vector<uint8_t>& data, int flush = VekDeflateNoFlush) {
     std::vector<Vek16u> buf(2 * data.size() + 2);
     const Vek8u* src = data.data();
     int len = int(data.size()), space = int(data.size()) + 1;
@@ -419,13 +423,13 @@ TEST(DeflateMatch, RunOfEqualBytesUnderTheDefaultClass) {
 
 TEST(DeflateMatch, LastBytesOfEveryCallAreLiterals) {
     for (int level : availableLevels())
-        for (int comprClass : {0, 1, 2}) {
+        for (int comprClass : kClasses) {
             Scenario sc;
             sc.comprClass = comprClass;
             StateHolder holder(level, sc);
             const Encoded first = encodeOnce(level, holder.get(), std::vector<uint8_t>(10, 'a'));
             const Encoded second = encodeOnce(level, holder.get(), std::vector<uint8_t>(10, 'a'));
-            const int tail = comprClass == 2 ? 3 : 2;
+            const int tail = comprClass == VekDeflateBest ? 3 : 2;
             for (const Encoded* e : {&first, &second}) {
                 const size_t n = e->pairs.size() / 2;
                 for (size_t k = n - tail; k < n; ++k) EXPECT_EQ(e->pairs[2 * k + 1], 0) << comprClass;
@@ -447,7 +451,7 @@ TEST(DeflateMatch, BestClassDropsFarThreeByteMatches) {
             data.insert(data.end(), {'a', 'b', 'c', 'e'});
             for (int i = 0; i < 20; ++i) data.push_back(uint8_t(128 + rng()() % 128));
             Scenario sc;
-            sc.comprClass = 2;
+            sc.comprClass = VekDeflateBest;
             StateHolder holder(level, sc);
             const Encoded e = encodeOnce(level, holder.get(), data);
             // Find the pair that starts at the second "a".
@@ -513,7 +517,7 @@ std::vector<Vek16u> referencePairs(int comprClass, const std::vector<uint8_t>& d
         return best;
     };
     int p = 0;
-    if (comprClass == 0) {
+    if (comprClass == VekDeflateFast) {
         const auto roll = [&](int q) { return ((d[q] << 10) ^ (d[q + 1] << 5) ^ d[q + 2]) & 0x7FFF; };
         while (p < n - 2) {
             const int h = roll(p), c = head[h];
@@ -528,7 +532,7 @@ std::vector<Vek16u> referencePairs(int comprClass, const std::vector<uint8_t>& d
             for (int q = p + 1; q < p + l; ++q) head[roll(q)] = q;
             p += l;
         }
-    } else if (comprClass == 1) {
+    } else if (comprClass == VekDeflateDefault) {
         while (p < n - 2) {
             link(p);
             const Match m = search(p, 16, 2);
@@ -576,7 +580,7 @@ TEST(DeflateMatch, ClassesFollowTheirRulesLiterally) {
     }
     for (DataKind kind : {DataKind::Text, DataKind::Runs, DataKind::Mixed}) inputs.push_back(makeData(kind, 40000));
     for (const std::vector<uint8_t>& data : inputs)
-        for (int comprClass : {0, 1, 2}) {
+        for (int comprClass : kClasses) {
             const std::vector<Vek16u> expected = referencePairs(comprClass, data);
             for (int level : availableLevels()) {
                 Scenario sc;
@@ -638,21 +642,23 @@ TEST(DeflateMatch, ZeroPairCapacityConsumesNothing) {
         const Vek8u* src = data.data();
         Vek16u* out = pairs;
         int len = 100, space = 0;
-        EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, 0, holder.get()), StatusDstSize);
+        EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateNoFlush, holder.get()),
+                  StatusDstSize);
         EXPECT_EQ(src, data.data());
         EXPECT_EQ(len, 100);
         EXPECT_EQ(out, pairs);
         EXPECT_TRUE(imageOf(holder.fields()) == image);
         // Room for one pair: one literal, the rest left.
         space = 1;
-        EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, 0, holder.get()), StatusDstSize);
+        EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateNoFlush, holder.get()),
+                  StatusDstSize);
         EXPECT_EQ(len, 99);
         EXPECT_EQ(out, pairs + 2);
         EXPECT_EQ(space, 0);
     }
 }
 
-// A flush-2 call and the one after it see no earlier bytes and keep none;
+// A history-cut call and the one after it see no earlier bytes and keep none;
 // matching reaches back again from the call after those two.
 TEST(DeflateMatch, HistoryCut) {
     // Random bytes in which no three-byte string occurs twice, so any match
@@ -667,7 +673,7 @@ TEST(DeflateMatch, HistoryCut) {
         block.push_back(b);
     }
     for (int level : availableLevels())
-        for (int comprClass : {0, 1, 2}) {
+        for (int comprClass : kClasses) {
             Scenario sc;
             sc.comprClass = comprClass;
             StateHolder holder(level, sc);
@@ -677,17 +683,19 @@ TEST(DeflateMatch, HistoryCut) {
                 return n;
             };
             EXPECT_EQ(matches(encodeOnce(level, holder.get(), block)), 0);
-            EXPECT_EQ(matches(encodeOnce(level, holder.get(), block, 2)), 0) << "the cut call sees no history";
+            EXPECT_EQ(matches(encodeOnce(level, holder.get(), block, VekDeflateHistoryCut)), 0)
+                << "the cut call sees no history";
             EXPECT_EQ(holder.fields().streamPos, 0);
             EXPECT_EQ(matches(encodeOnce(level, holder.get(), block)), 0) << "nor the call after it";
             EXPECT_EQ(matches(encodeOnce(level, holder.get(), block)), 0) << "which keeps no history either";
             EXPECT_GT(matches(encodeOnce(level, holder.get(), block)), 0) << "the next one reaches back";
-            // An empty flush-2 call cuts too.
+            // An empty history-cut call cuts too.
             Vek16u pair[2];
             Vek16u* out = pair;
             const Vek8u* src = nullptr;
             int len = 0, space = 1;
-            EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, 2, holder.get()), StatusOk);
+            EXPECT_EQ(vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateHistoryCut, holder.get()),
+                      StatusOk);
             EXPECT_EQ(holder.fields().historyPos, holder.fields().history);
         }
 }
@@ -707,19 +715,19 @@ TEST(DeflateMatch, RulesAtEntry) {
         Vek16u* nullOut = nullptr;
         int len = 50, space = 100, negative = -1;
         const auto encode = vekTable_veksEncodeLZ77_8u[level];
-        EXPECT_EQ(encode(nullptr, &len, &out, &space, 0, st), StatusNullPointer);
-        EXPECT_EQ(encode(&src, nullptr, &out, &space, 0, st), StatusNullPointer);
-        EXPECT_EQ(encode(&src, &len, nullptr, &space, 0, st), StatusNullPointer);
-        EXPECT_EQ(encode(&src, &len, &nullOut, &space, 0, st), StatusNullPointer);
-        EXPECT_EQ(encode(&src, &len, &out, nullptr, 0, st), StatusNullPointer);
-        EXPECT_EQ(encode(&src, &negative, &out, &space, 0, nullptr), StatusNullPointer);
-        EXPECT_EQ(encode(&src, &negative, &out, &space, 0, st), StatusSize);
-        EXPECT_EQ(encode(&src, &len, &out, &negative, 0, st), StatusSize);
+        EXPECT_EQ(encode(nullptr, &len, &out, &space, VekDeflateNoFlush, st), StatusNullPointer);
+        EXPECT_EQ(encode(&src, nullptr, &out, &space, VekDeflateNoFlush, st), StatusNullPointer);
+        EXPECT_EQ(encode(&src, &len, nullptr, &space, VekDeflateNoFlush, st), StatusNullPointer);
+        EXPECT_EQ(encode(&src, &len, &nullOut, &space, VekDeflateNoFlush, st), StatusNullPointer);
+        EXPECT_EQ(encode(&src, &len, &out, nullptr, VekDeflateNoFlush, st), StatusNullPointer);
+        EXPECT_EQ(encode(&src, &negative, &out, &space, VekDeflateNoFlush, nullptr), StatusNullPointer);
+        EXPECT_EQ(encode(&src, &negative, &out, &space, VekDeflateNoFlush, st), StatusSize);
+        EXPECT_EQ(encode(&src, &len, &out, &negative, VekDeflateNoFlush, st), StatusSize);
         int zero = 0, zeroSpace = 0;
-        EXPECT_EQ(encode(&src, &zero, &out, &zeroSpace, 0, st), StatusDstSize) << "no room comes first";
-        EXPECT_EQ(encode(&src, &zero, &out, &space, 0, st), StatusOk);
+        EXPECT_EQ(encode(&src, &zero, &out, &zeroSpace, VekDeflateNoFlush, st), StatusDstSize) << "no room comes first";
+        EXPECT_EQ(encode(&src, &zero, &out, &space, VekDeflateNoFlush, st), StatusOk);
         const Vek8u* nullSrc = nullptr;
-        EXPECT_EQ(encode(&nullSrc, &len, &out, &space, 0, st), StatusNullPointer);
+        EXPECT_EQ(encode(&nullSrc, &len, &out, &space, VekDeflateNoFlush, st), StatusNullPointer);
         EXPECT_EQ(src, data.data());
         EXPECT_EQ(out, pairs);
         EXPECT_EQ(len, 50);
@@ -757,12 +765,15 @@ TEST(DeflateMatch, RulesAtEntry) {
         EXPECT_EQ(setDict(data.data(), -1, st), StatusSize);
 
         EXPECT_EQ(vekTable_veksEncodeLZ77GetSize_8u[level](nullptr), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Init_8u[level](1, 1, nullptr), StatusNullPointer);
-        EXPECT_EQ(vekTable_veksEncodeLZ77InitAlloc_8u[level](1, 1, nullptr), StatusNullPointer);
+        EXPECT_EQ(vekTable_veksEncodeLZ77Init_8u[level](VekDeflateDefault, VekDeflateAdler32, nullptr),
+                  StatusNullPointer);
+        EXPECT_EQ(vekTable_veksEncodeLZ77InitAlloc_8u[level](VekDeflateDefault, VekDeflateAdler32, nullptr),
+                  StatusNullPointer);
         EXPECT_EQ(vekTable_veksEncodeLZ77Reset_8u[level](nullptr), StatusNullPointer);
         // A block not aligned for a pointer is refused untouched.
         std::vector<uint8_t> block(sizeof(DeflateState) + 8, 0x5A);
-        EXPECT_EQ(vekTable_veksEncodeLZ77Init_8u[level](1, 1, reinterpret_cast<VekDeflateState*>(block.data() + 1)),
+        EXPECT_EQ(vekTable_veksEncodeLZ77Init_8u[level](VekDeflateDefault, VekDeflateAdler32,
+                                                        reinterpret_cast<VekDeflateState*>(block.data() + 1)),
                   StatusBadArgument);
         EXPECT_EQ(std::count(block.begin(), block.end(), 0x5A), long(block.size()));
     }
@@ -770,22 +781,24 @@ TEST(DeflateMatch, RulesAtEntry) {
 
 TEST(DeflateMatch, InitKeepsClassAndKindThroughReset) {
     for (int level : availableLevels())
-        for (int comprClass : {-1, 0, 1, 2, 3, 99}) {
+        for (int comprClass :
+             std::initializer_list<int>{-1, VekDeflateFast, VekDeflateDefault, VekDeflateBest, 3, 99}) {
             Scenario sc;
             sc.comprClass = comprClass;
             sc.checksumKind = 7;
             StateHolder holder(level, sc);
             DeflateState& s = holder.fields();
-            const int expected = comprClass == 0 || comprClass == 2 ? comprClass : 1;
+            const int expected =
+                comprClass == VekDeflateFast || comprClass == VekDeflateBest ? comprClass : VekDeflateDefault;
             EXPECT_EQ(s.comprClass, expected);
             EXPECT_EQ(s.checksumKind, 7);
             encodeOnce(level, holder.get(), makeData(DataKind::Text, 1000));
-            EXPECT_EQ(s.streamStatus, 1) << "the stream has begun";
+            EXPECT_EQ(s.streamStatus, VekDeflateMatching) << "the stream has begun";
             EXPECT_EQ(vekTable_veksEncodeLZ77Reset_8u[level](holder.get()), StatusOk);
             EXPECT_EQ(s.comprClass, expected);
             EXPECT_EQ(s.checksumKind, 7);
             EXPECT_EQ(s.streamPos, 0);
-            EXPECT_EQ(s.streamStatus, 0);
+            EXPECT_EQ(s.streamStatus, VekDeflateNotBegun);
             EXPECT_EQ(s.checksum, 0u);
             for (int32_t h : s.head) ASSERT_EQ(h, vek::deflate::kNoPosition);
         }

@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "vek.h"
+
 namespace vektest {
 
 struct Inflated {
@@ -51,15 +53,15 @@ inline Inflated inflateStream(const uint8_t* data, size_t size, int windowBits, 
 // The trailer veksEncodeLZ77Flush_8u writes after `data` was encoded behind
 // a dictionary of dictLen bytes: Adler-32 seeded with 0 (deliberately: the
 // library's running checksum starts from 0 for both kinds), most
-// significant byte first, for kind 1; otherwise the CRC-32 (0 for a kind
-// without checksum) and the stream position, least significant first.
+// significant byte first, for VekDeflateAdler32; otherwise the CRC-32 (0
+// without a checksum) and the stream position, least significant first.
 inline std::vector<uint8_t> expectedTrailer(const std::vector<uint8_t>& data, size_t dictLen, int checksumKind) {
     const uLong kept = dictLen < 3 ? 0 : std::min<size_t>(dictLen, 32768);
-    if (checksumKind == 1) {
+    if (checksumKind == VekDeflateAdler32) {
         const uLong a = data.empty() ? 0 : adler32(0, data.data(), uInt(data.size()));
         return {uint8_t(a >> 24), uint8_t(a >> 16), uint8_t(a >> 8), uint8_t(a)};
     }
-    const uLong check = checksumKind == 2 && !data.empty() ? crc32(0, data.data(), uInt(data.size())) : 0;
+    const uLong check = checksumKind == VekDeflateCrc32 && !data.empty() ? crc32(0, data.data(), uInt(data.size())) : 0;
     std::vector<uint8_t> t;
     for (uLong v : {check, uLong(kept + data.size())})
         for (int i = 0; i < 4; ++i) t.push_back(uint8_t(v >> (8 * i)));

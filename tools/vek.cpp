@@ -4,8 +4,9 @@
 //                         throughput of every benchmark case on every level
 //                         the processor has, and the speed-up over level 0
 //   vek exports           the implementation serving each level of each export
-// Later families add their subcommands (e.g. `vek gzip`) as one line each
-// in kCommands.
+//   vek gzip, vek zlib    files and pipes compressed by the deflate encoder,
+//                         with gzip's options (vek_compress.cpp)
+// A command is one line in kCommands.
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -132,13 +133,14 @@ const Command kCommands[] = {
     {"info", info, "processor type, chosen code-path level, version, cache size, clock"},
     {"bench", bench, "[--quick] [FILTER]  throughput per level and speed-up over level 0"},
     {"exports", exports, "the implementation serving each level of every export"},
-    {"gzip", gzipCommand, VEK_COMPRESS_HELP " (RFC 1952)"},
-    {"zlib", zlibCommand, "[-0|-1|-2] [-f] [FILE]  as gzip, to FILE.zz in the zlib container (RFC 1950)"},
+    {"gzip", gzipCommand, VEK_GZIP_SUMMARY},
+    {"zlib", zlibCommand, VEK_ZLIB_SUMMARY},
 };
 
 int usage(FILE* out) {
     std::fprintf(out, "usage: vek COMMAND [ARGS]\n");
     for (const Command& c : kCommands) std::fprintf(out, "  vek %-8s %s\n", c.name, c.help);
+    std::fprintf(out, "%s", kCompressOptionsHelp);
     return out == stdout ? 0 : 2;
 }
 
