@@ -123,6 +123,65 @@ int selectLevel(const CpuidRecord& cpu, int* selectionResult) {
     return level;
 }
 
+// ---- the extended levels ----------------------------------------------------
+
+namespace {
+
+// XCR0 components the OS must save: SSE and AVX (YMM) state for level 6,
+// and the AVX-512 opmask, ZMM_Hi256 and Hi16_ZMM state for level 7.
+constexpr uint64_t kYmmState = 0x06, kZmmState = 0xE0;
+
+bool hasLevel1To5(const CpuidRecord& cpu, int level) {
+    const CpuidLeaf& l1 = cpu.leaf1;
+    const bool have[] = {true, bit(l1.edx, 25), bit(l1.edx, 26), bit(l1.ecx, 0), bit(l1.ecx, 9), bit(l1.ecx, 19)};
+    for (int l = 0; l <= level; ++l)
+        if (!have[l]) return false;
+    return true;
+}
+
+bool hasLevel6(const CpuidRecord& cpu) {
+    const CpuidLeaf &l1 = cpu.leaf1, &l7 = cpu.leaf7;
+    const bool osSavesYmm = bit(l1.ecx, 27) && (cpu.xcr0 & kYmmState) == kYmmState;  // OSXSAVE
+    const bool avx = bit(l1.ecx, 28), pclmul = bit(l1.ecx, 1), sse42 = bit(l1.ecx, 20);
+    const bool avx2 = bit(l7.ebx, 5), bmi1 = bit(l7.ebx, 3), bmi2 = bit(l7.ebx, 8);
+    return hasLevel1To5(cpu, kTableLevelMax) && sse42 && osSavesYmm && avx && avx2 && bmi1 && bmi2 && pclmul;
+}
+
+bool hasLevel7(const CpuidRecord& cpu) {
+    const CpuidLeaf& l7 = cpu.leaf7;
+    const bool osSavesZmm = (cpu.xcr0 & kZmmState) == kZmmState;
+    const bool f = bit(l7.ebx, 16), dq = bit(l7.ebx, 17), bw = bit(l7.ebx, 30), vl = bit(l7.ebx, 31);
+    const bool vpclmul = bit(l7.ecx, 10);
+    return hasLevel6(cpu) && osSavesZmm && f && dq && bw && vl && vpclmul;
+}
+
+}  // namespace
+
+bool recordSupportsLevel(const CpuidRecord& cpu, int level) {
+    if (level == 0) return true;
+    if (!cpu.hasCpuid || level < 0 || level >= kLevelCount) return false;
+    if (level <= kTableLevelMax) return hasLevel1To5(cpu, level);
+    return level == 6 ? hasLevel6(cpu) : hasLevel7(cpu);
+}
+
+int extendLevel(const CpuidRecord& cpu, int tableLevel) {
+    if (tableLevel != kTableLevelMax) return tableLevel;
+    if (hasLevel7(cpu)) return 7;
+    if (hasLevel6(cpu)) return 6;
+    return tableLevel;
+}
+
+int capLevel(int level, const char* capText) {
+    if (!capText || capText[0] < '0' || capText[0] > '9' || capText[1] != '\0') return level;
+    const int cap = capText[0] - '0';
+    if (cap >= kLevelCount) return level;
+    return level < cap ? level : cap;
+}
+
+int chooseLevel(const CpuidRecord& cpu, const char* capText, int* selectionResult) {
+    return capLevel(extendLevel(cpu, selectLevel(cpu, selectionResult)), capText);
+}
+
 const char* cpuTypeDescription(uint32_t t) {
     switch (t) {
     case 0: return "unknown processor or no CPUID";
@@ -182,6 +241,14 @@ bool cpuidAvailable() {
 #endif
 }
 
+// XGETBV with ECX = 0: the state components the OS saves.  Written as
+// bytes so that no level's flags are needed to assemble it.
+static uint64_t readXcr0() {
+    uint32_t lo, hi;
+    asm volatile(".byte 0x0f, 0x01, 0xd0" : "=a"(lo), "=d"(hi) : "c"(0));
+    return (static_cast<uint64_t>(hi) << 32) | lo;
+}
+
 CpuidLeaf cpuid(uint32_t leaf, uint32_t subleaf) {
     CpuidLeaf r;
     asm volatile("cpuid" : "=a"(r.eax), "=b"(r.ebx), "=c"(r.ecx), "=d"(r.edx) : "a"(leaf), "c"(subleaf));
@@ -198,22 +265,12 @@ CpuidRecord readCpuid() {
     cpu.leaf0 = cpuid(0, 0);
     if (cpu.leaf0.eax >= 4) cpu.leaf4 = cpuid(4, 0);
     // Leaf 2 (cache descriptors) plays no part in the classification.
+    if (cpu.leaf0.eax >= 7) cpu.leaf7 = cpuid(7, 0);
+    if (bit(cpu.leaf1.ecx, 27)) cpu.xcr0 = readXcr0();  // OSXSAVE: XGETBV is enabled
     return cpu;
 }
 
-bool processorSupportsLevel(int level) {
-    if (level == 0) return true;
-    if (!cpuidAvailable()) return false;
-    const CpuidLeaf l1 = cpuid(1, 0);
-    switch (level) {
-    case 1: return bit(l1.edx, 25);
-    case 2: return bit(l1.edx, 26);
-    case 3: return bit(l1.ecx, 0);
-    case 4: return bit(l1.ecx, 9);
-    case 5: return bit(l1.ecx, 19);
-    default: return false;
-    }
-}
+bool processorSupportsLevel(int level) { return recordSupportsLevel(readCpuid(), level); }
 
 int supportedLevels(int* levels) {
     int count = 0;

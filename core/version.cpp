@@ -13,28 +13,21 @@
 namespace {
 
 #define VEK_RECORD(domain, level, isa) \
-    { VEK_VERSION_MAJOR, VEK_VERSION_MINOR, VEK_VERSION_PATCH, level, domain, VEK_VERSION_STRING, isa, __DATE__ }
-#define VEK_RECORDS(domain)                                                                                \
-    {                                                                                                      \
-        VEK_RECORD(domain, 0, "plain"), VEK_RECORD(domain, 1, "SSE"), VEK_RECORD(domain, 2, "SSE2"),       \
-            VEK_RECORD(domain, 3, "SSE3"), VEK_RECORD(domain, 4, "SSSE3"), VEK_RECORD(domain, 5, "SSE4.1") \
-    }
-
-const VekLibraryVersion kSignal[vek::kLevelCount] = VEK_RECORDS("vek signal");
-const VekLibraryVersion kImage[vek::kLevelCount] = VEK_RECORDS("vek image");
-const VekLibraryVersion kJpeg[vek::kLevelCount] = VEK_RECORDS("vek jpeg");
+    {VEK_VERSION_MAJOR, VEK_VERSION_MINOR, VEK_VERSION_PATCH, level, domain, VEK_VERSION_STRING, isa, __DATE__},
+#define VEK_SIGNAL_RECORD(index, ns, isa) VEK_RECORD("vek signal", index, isa)
+#define VEK_IMAGE_RECORD(index, ns, isa) VEK_RECORD("vek image", index, isa)
+#define VEK_JPEG_RECORD(index, ns, isa) VEK_RECORD("vek jpeg", index, isa)
+const VekLibraryVersion kSignal[vek::kLevelCount] = {VEK_LEVEL_LIST(VEK_SIGNAL_RECORD)};
+const VekLibraryVersion kImage[vek::kLevelCount] = {VEK_LEVEL_LIST(VEK_IMAGE_RECORD)};
+const VekLibraryVersion kJpeg[vek::kLevelCount] = {VEK_LEVEL_LIST(VEK_JPEG_RECORD)};
 
 }  // namespace
 
-#define VEK_VERSION_QUERIES(ns, level)                                                    \
+// Each level's queries return that level's records.
+#define VEK_VERSION_QUERIES(level, ns, isa)                                               \
     namespace vek::ns {                                                                   \
     const VekLibraryVersion* VEK_CALL veksGetLibVersion(void) { return &kSignal[level]; } \
     const VekLibraryVersion* VEK_CALL vekiGetLibVersion(void) { return &kImage[level]; }  \
     const VekLibraryVersion* VEK_CALL vekjGetLibVersion(void) { return &kJpeg[level]; }   \
     }
-VEK_VERSION_QUERIES(plain, 0)
-VEK_VERSION_QUERIES(sse, 1)
-VEK_VERSION_QUERIES(sse2, 2)
-VEK_VERSION_QUERIES(sse3, 3)
-VEK_VERSION_QUERIES(ssse3, 4)
-VEK_VERSION_QUERIES(sse41, 5)
+VEK_LEVEL_LIST(VEK_VERSION_QUERIES)

@@ -7,6 +7,15 @@
  * only global setting is the code-path level the library picks once at load
  * from the processor it runs on.  All levels give bit-identical results.
  *
+ * Code-path levels: 0 plain i686/x86-64 code, 1 SSE, 2 SSE2, 3 SSE3,
+ * 4 SSSE3, 5 SSE4.1, chosen from the processor type (vekGetCpuType); where
+ * that gives level 5, the library goes on to 6 (AVX2, BMI1, BMI2 and
+ * PCLMULQDQ, with the OS saving YMM state) or 7 (level 6 plus AVX-512 F, BW,
+ * DQ, VL and VPCLMULQDQ, with the OS saving opmask and ZMM state).  The
+ * environment variable VEK_MAX_LEVEL, read once at load, caps the choice: a
+ * single digit 0..7 keeps the level at or below it (it never raises it);
+ * any other value is ignored.  The version records tell which level serves.
+ *
  * On 32-bit Windows every function uses __stdcall and is exported from
  * vek.dll under its plain, undecorated name.  Define VEK_STATIC before
  * including this header when linking the static library on Windows.
@@ -105,10 +114,10 @@ typedef struct {
     int major;              /* library version, major.minor.patch          */
     int minor;
     int patch;
-    int level;              /* code-path level 0..5 this record belongs to */
+    int level;              /* code-path level 0..7 this record belongs to */
     const char* name;       /* e.g. "vek signal"                           */
     const char* version;    /* e.g. "0.1.0"                                */
-    const char* targetIsa;  /* "plain", "SSE", "SSE2", "SSE3", "SSSE3", "SSE4.1" */
+    const char* targetIsa;  /* "plain", "SSE", ... "SSE4.1", "AVX2", "AVX-512" */
     const char* buildDate;  /* compiler's __DATE__ of the build            */
 } VekLibraryVersion;
 /* clang-format on */

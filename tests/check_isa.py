@@ -3,21 +3,33 @@
 
 Disassembles the library and checks every function against the instruction
 set of its code-path level: functions of namespace vek::sse use at most SSE,
-vek::sse2 at most SSE2, and so on; everything else (the plain level, the
-core services, any compiler-generated helper) is plain i686 integer and x87
-code.  This complements the emulated-processor matrix: QEMU faults on
-missing SSE3, SSSE3 and SSE4.1 instructions but lets SSE and SSE2 through on
-models that lack them.
+vek::sse2 at most SSE2, and so on up to vek::avx512; everything else (the
+plain level, the core services, any compiler-generated helper) is plain
+i686 integer and x87 code.  This complements the emulated-processor matrix:
+QEMU faults on missing SSE3, SSSE3, SSE4.1 and AVX2 instructions but lets
+SSE and SSE2 through on models that lack them, and cannot run AVX-512 at
+all, so level 7 is proven here and natively.
+
+The levels (index, namespace, name) are read from core/levels.h.
 
 usage: check_isa.py LIBRARY [OBJDUMP]
 """
+import os
 import re
 import subprocess
 import sys
 
-LEVEL_NAMES = ["plain", "SSE", "SSE2", "SSE3", "SSSE3", "SSE4.1"]
+
+def read_levels():
+    here = os.path.dirname(os.path.abspath(__file__))
+    text = open(os.path.join(here, "..", "core", "levels.h")).read()
+    rows = re.findall(r'^\s*X\((\d+),\s*([a-z0-9]+),\s*"([^"]+)"\)', text, re.M)
+    return [name for _, _, name in rows], {ns: int(i) for i, ns, _ in rows if int(i) > 0}
+
+
+LEVEL_NAMES, NAMESPACE_LEVEL = read_levels()
 FORBIDDEN = 99
-NAMESPACE_LEVEL = {"sse": 1, "sse2": 2, "sse3": 3, "ssse3": 4, "sse41": 5}
+AVX2_LEVEL, AVX512_LEVEL = 6, 7
 # Plain-level functions allowed SSE state instructions: they run only after
 # CPUID has reported the SSE unit (the FTZ/DAZ switches).
 SSE_STATE_FUNCTIONS = re.compile(r"Mxcsr")
@@ -31,8 +43,37 @@ SSE41 = {"blendpd", "blendps", "blendvpd", "blendvps", "pblendvb", "pblendw", "d
          "pinsrb", "pinsrd", "pinsrq", "pmaxsb", "pmaxsd", "pmaxud", "pmaxuw", "pminsb", "pminsd", "pminud",
          "pminuw", "pmuldq", "pmulld", "ptest", "roundps", "roundpd", "roundss", "roundsd"} | {
         "pmov%sx%s" % (s, t) for s in "sz" for t in ("bw", "bd", "bq", "wd", "wq", "dq")}
-BEYOND = {"pcmpgtq", "pcmpestri", "pcmpestrm", "pcmpistri", "pcmpistrm", "crc32", "popcnt", "lzcnt", "tzcnt",
-          "andn", "bextr", "blsi", "blsr", "shlx", "shrx", "sarx", "rorx", "pdep", "pext", "movbe", "pclmulqdq"}
+# SSE4.2 (implied by the AVX2 level's flags), BMI1, BMI2 and PCLMULQDQ: level 6.
+LEVEL6_SCALAR = {"pcmpgtq", "pcmpestri", "pcmpestrm", "pcmpistri", "pcmpistrm", "crc32", "andn", "bextr", "blsi",
+                 "blsmsk", "blsr", "tzcnt", "bzhi", "mulx", "pdep", "pext", "rorx", "sarx", "shlx", "shrx",
+                 "pclmulqdq"}
+# Never allowed: instruction sets no level's flags enable, and fused
+# multiply-add (every level must round each operation).
+BEYOND = {"popcnt", "lzcnt", "movbe", "vcvtph2ps", "vcvtps2ph"}
+BEYOND_PREFIXES = ("vfmadd", "vfmsub", "vfnmadd", "vfnmsub", "vpconflict", "vplzcnt", "vpermb", "vpermi2b",
+                   "vpermt2b", "vpmultishiftqb", "vpdpb", "vpdpw", "vpopcnt", "vpshld", "vpshrd", "vpcompressb",
+                   "vpcompressw", "vpexpandb", "vpexpandw", "vpmadd52", "gf2p8", "vgf2p8", "aes", "vaes", "vp2intersect",
+                   "vcvtne2ps2bf16", "vcvtneps2bf16", "vdpbf16ps", "sha", "vexp2", "vrcp28", "vrsqrt28")
+# AVX-512 only (EVEX encodings with no VEX form), beyond what the registers
+# and masks used already show.
+AVX512_PREFIXES = ("vpermt2", "vpermi2", "vpternlog", "vpcompress", "vpexpand", "valign", "vprol", "vpror",
+                   "vpsravw", "vpsravq", "vpsllvw", "vpsrlvw", "vpmovm2", "vpmovb2m", "vpmovw2m", "vpmovd2m",
+                   "vpmovq2m", "vbroadcasti32x", "vbroadcasti64x", "vbroadcastf32x", "vbroadcastf64x", "vinserti32x",
+                   "vinserti64x", "vinsertf32x", "vinsertf64x", "vextracti32x", "vextracti64x", "vextractf32x",
+                   "vextractf64x", "vshufi32x4", "vshufi64x2", "vshuff32x4", "vshuff64x2", "vpabsq", "vpmaxsq",
+                   "vpminsq", "vpmaxuq", "vpminuq", "vpmullq", "vcvtqq", "vcvtuqq", "vcvtudq", "vcvtusi", "vcvtps2qq",
+                   "vcvtpd2qq", "vcvttps2qq", "vcvttpd2qq", "vcvtps2udq", "vcvttps2udq", "vcvtpd2udq", "vcvttpd2udq",
+                   "vcvtps2uqq", "vcvttps2uqq", "vcvtpd2uqq", "vcvttpd2uqq", "vcvtss2usi", "vcvtsd2usi", "vfixupimm",
+                   "vgetexp", "vgetmant", "vrange", "vreduce", "vrndscale", "vscalef", "vrcp14", "vrsqrt14", "vpsraq",
+                   "vpmovdb", "vpmovdw", "vpmovqb", "vpmovqw", "vpmovqd", "vpmovwb", "vpmovsdb", "vpmovsdw",
+                   "vpmovsqb", "vpmovsqw", "vpmovsqd", "vpmovswb", "vpmovusdb", "vpmovusdw", "vpmovusqb", "vpmovusqw",
+                   "vpmovusqd", "vpmovuswb", "vpcmpu", "vpcmpb", "vpcmpw", "vpcmpd", "vpcmpq", "vptestm", "vptestnm",
+                   "vpblendm", "vblendm", "vdbpsadbw", "vpermw", "vpsllvw", "vpbroadcastm", "vmovdqu8", "vmovdqu16",
+                   "vmovdqu32", "vmovdqu64", "vmovdqa32", "vmovdqa64", "vextracti32x8", "vpandd", "vpandq",
+                   "vpandnd", "vpandnq", "vpord", "vporq", "vpxord", "vpxorq", "vfpclass")
+# Registers and operand decorations only EVEX has: ZMM, opmasks, XMM/YMM
+# 16-31, masking, embedded broadcast and rounding.
+EVEX_REGISTER = re.compile(r"%zmm|%k[0-7]\b|%[xy]mm(1[6-9]|2[0-9]|3[01])\b|\{%k|\{z\}|\{1to|sae\}")
 # SSE's own conversions between a general register (or MMX) and single
 # precision: an xmm operand, but no "ps"/"ss" at the end of every form.
 SSE1_CONVERSIONS = {"cvtss2si", "cvttss2si", "cvtsi2ss", "cvtsi2ssl", "cvtsi2ssq", "cvtpi2ps", "cvtps2pi",
@@ -46,10 +87,14 @@ def required_level(mnemonic, operands):
     for suffix in ("l", "q", "w", "b"):  # AT&T size suffixes on a few SSE forms
         if m[:-1] in SSE41 | SSSE3 | SSE3 and m.endswith(suffix):
             m = m[:-1]
-    if "%ymm" in operands or "%zmm" in operands or "%k" in operands or (m.startswith("v") and "%xmm" in operands):
+    if m in BEYOND or m.startswith(BEYOND_PREFIXES):
         return FORBIDDEN
-    if m in BEYOND:
-        return FORBIDDEN
+    if EVEX_REGISTER.search(operands) or m.startswith(AVX512_PREFIXES) or m.startswith("k"):
+        return AVX512_LEVEL
+    if m == "vpclmulqdq" and "%ymm" in operands:
+        return AVX512_LEVEL
+    if m.startswith("v") or "%ymm" in operands or m in LEVEL6_SCALAR:
+        return AVX2_LEVEL
     if m in SSE41:
         return 5
     if m in SSSE3:
@@ -71,8 +116,11 @@ def required_level(mnemonic, operands):
     return 0
 
 
+NAMESPACE_PATTERN = re.compile(r"vek::(%s)::" % "|".join(sorted(NAMESPACE_LEVEL, key=len, reverse=True)))
+
+
 def function_level(name):
-    found = re.search(r"vek::(sse41|ssse3|sse3|sse2|sse)::", name)
+    found = NAMESPACE_PATTERN.search(name)
     return NAMESPACE_LEVEL[found.group(1)] if found else 0
 
 

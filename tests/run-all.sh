@@ -13,10 +13,10 @@ passed=0 failed=0 skipped=0
 results=()
 
 step() {  # step NAME COMMAND...
-  local name=$1; shift
+  local name=$1 start=$SECONDS; shift
   echo; echo "=== $name"
-  if "$@"; then passed=$((passed + 1)); results+=("passed   $name")
-  else failed=$((failed + 1)); results+=("FAILED   $name"); fi
+  if "$@"; then passed=$((passed + 1)); results+=("passed   $name ($((SECONDS - start)) s)")
+  else failed=$((failed + 1)); results+=("FAILED   $name ($((SECONDS - start)) s)"); fi
 }
 skip() { skipped=$((skipped + 1)); results+=("skipped  $1: $2"); echo; echo "=== $1: skipped ($2)"; }
 
@@ -85,5 +85,5 @@ fi
 
 echo; echo "=== summary"
 printf '  %s\n' "${results[@]}"
-echo "$passed passed, $failed failed, $skipped skipped"
+echo "$passed passed, $failed failed, $skipped skipped in $((SECONDS / 60)) min $((SECONDS % 60)) s"
 [ "$failed" -eq 0 ]

@@ -9,6 +9,7 @@
 // A command is one line in kCommands.
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -25,7 +26,15 @@ int info(const std::vector<std::string>&) {
     const Vek32u type = vekGetCpuType();
     const VekLibraryVersion* v = veksGetLibVersion();
     std::printf("processor type   %u (%s)\n", type, vek::cpuTypeDescription(type));
-    std::printf("code-path level  %d (%s)\n", vek::DispatchLevel, vek::levelIsaName(vek::DispatchLevel));
+    const int tableLevel = vek::levelForCpuType(type);
+    int selectionResult;
+    const int supported = vek::chooseLevel(vek::readCpuid(), nullptr, &selectionResult);
+    const char* cap = std::getenv("VEK_MAX_LEVEL");
+    std::printf("table level      %d (%s)\n", tableLevel, vek::levelIsaName(tableLevel));
+    std::printf("code-path level  %d (%s)", vek::DispatchLevel, vek::levelIsaName(vek::DispatchLevel));
+    if (vek::DispatchLevel != supported)
+        std::printf(", capped by VEK_MAX_LEVEL=%s (the processor supports %d)", cap ? cap : "", supported);
+    std::printf("\n");
     std::printf("library          %s %s, built %s\n", v->name, v->version, v->buildDate);
     int cache = 0, mhz = 0;
     if (vekGetMaxCacheSizeB(&cache) == StatusOk)
