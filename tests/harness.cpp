@@ -29,6 +29,29 @@ const std::vector<int>& availableLevels() {
     return levels;
 }
 
+namespace {
+// The export whose differential case is running, and its levels to compare.
+const vek::ExportInfo* exportUnderTest = nullptr;
+std::vector<int> exportLevels;
+
+struct ExportUnderTest {
+    explicit ExportUnderTest(const char* name) {
+        for (int i = 0; i < vek::kExportCount; ++i)
+            if (std::string(vek::kExports[i].name) == name) exportUnderTest = &vek::kExports[i];
+        exportLevels.clear();
+        for (int level : availableLevels()) {
+            bool shared = false;
+            for (int kept : exportLevels)
+                shared = shared || (exportUnderTest && exportUnderTest->table[kept] == exportUnderTest->table[level]);
+            if (!shared) exportLevels.push_back(level);
+        }
+    }
+    ~ExportUnderTest() { exportUnderTest = nullptr; }
+};
+}  // namespace
+
+const std::vector<int>& levelsToCompare() { return exportUnderTest ? exportLevels : availableLevels(); }
+
 const std::vector<int>& testLengths() {
     static const std::vector<int> lengths = [] {
         std::vector<int> v;
@@ -120,6 +143,7 @@ class Differential : public ::testing::TestWithParam<int> {};
 TEST_P(Differential, AllLevelsMatchLevelZero) {
     const DiffCase& c = diffCases()[GetParam()];
     SCOPED_TRACE(c.exportName);
+    const ExportUnderTest scope(c.exportName);
     c.run();
 }
 
