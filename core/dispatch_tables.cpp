@@ -4,9 +4,9 @@
 
 namespace vek {
 
-#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, l6, l7, ret, params)   \
-    extern "C" const fn::name vekTable_##name[kLevelCount] = {          \
-        &l0::name, &l1::name, &l2::name, &l3::name, &l4::name, &l5::name, &l6::name, &l7::name};
+#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, l6, l7, ret, params)                                     \
+    extern "C" const fn::name vekTable_##name[kLevelCount] = {&l0::name, &l1::name, &l2::name, &l3::name, \
+                                                              &l4::name, &l5::name, &l6::name, &l7::name};
 #include "export_list.h"
 #undef VEK_EXPORT
 
@@ -18,7 +18,7 @@ const ExportInfo kExports[] = {
 #undef VEK_EXPORT
 const int kExportCount = sizeof(kExports) / sizeof(kExports[0]);
 
-#define VEK_LEVEL_ISA(index, ns, isa) isa,
+#define VEK_LEVEL_ISA(index, ns, isa)       isa,
 #define VEK_LEVEL_NAMESPACE(index, ns, isa) #ns,
 static const char* const kLevelIsaNames[kLevelCount] = {VEK_LEVEL_LIST(VEK_LEVEL_ISA)};
 static const char* const kLevelNamespaces[kLevelCount] = {VEK_LEVEL_LIST(VEK_LEVEL_NAMESPACE)};

@@ -27,7 +27,7 @@
 
 #pragma GCC diagnostic ignored "-Wunused-parameter"
 
-#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, l6, l7, ret, params)                                        \
+#define VEK_EXPORT(name, l0, l1, l2, l3, l4, l5, l6, l7, ret, params)                                \
     extern "C" VEK_API __attribute__((naked, section(".text.vek_entry"))) ret VEK_CALL name params { \
         asm(VEK_ENTRY_ASM("vekTable_" #name));                                                       \
     }

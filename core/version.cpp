@@ -15,8 +15,8 @@ namespace {
 #define VEK_RECORD(domain, level, isa) \
     {VEK_VERSION_MAJOR, VEK_VERSION_MINOR, VEK_VERSION_PATCH, level, domain, VEK_VERSION_STRING, isa, __DATE__},
 #define VEK_SIGNAL_RECORD(index, ns, isa) VEK_RECORD("vek signal", index, isa)
-#define VEK_IMAGE_RECORD(index, ns, isa) VEK_RECORD("vek image", index, isa)
-#define VEK_JPEG_RECORD(index, ns, isa) VEK_RECORD("vek jpeg", index, isa)
+#define VEK_IMAGE_RECORD(index, ns, isa)  VEK_RECORD("vek image", index, isa)
+#define VEK_JPEG_RECORD(index, ns, isa)   VEK_RECORD("vek jpeg", index, isa)
 const VekLibraryVersion kSignal[vek::kLevelCount] = {VEK_LEVEL_LIST(VEK_SIGNAL_RECORD)};
 const VekLibraryVersion kImage[vek::kLevelCount] = {VEK_LEVEL_LIST(VEK_IMAGE_RECORD)};
 const VekLibraryVersion kJpeg[vek::kLevelCount] = {VEK_LEVEL_LIST(VEK_JPEG_RECORD)};

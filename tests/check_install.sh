@@ -22,7 +22,7 @@ cmake -S "$src/consumer" -B "$prefix/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$pr
 cmake --build "$prefix/consumer" >/dev/null
 LD_LIBRARY_PATH="$libdir" "$prefix/consumer/consumer"
 
-flags=$(PKG_CONFIG_PATH="$libdir/pkgconfig" pkg-config --cflags --libs vek)
-cc -o "$prefix/pc-consumer" "$src/shared_client.c" $flags
+read -r -a flags <<<"$(PKG_CONFIG_PATH="$libdir/pkgconfig" pkg-config --cflags --libs vek)"
+cc -o "$prefix/pc-consumer" "$src/shared_client.c" "${flags[@]}"
 LD_LIBRARY_PATH="$libdir" "$prefix/pc-consumer"
 echo "installed package works with CMake and pkg-config"

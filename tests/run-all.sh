@@ -7,7 +7,7 @@
 # Cross builds are skipped, and said so, when their toolchains are not
 # installed.  Ends with a "N passed, N failed" line.
 set -uo pipefail
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")/.." || exit 1
 jobs=$(nproc 2>/dev/null || echo 2)
 passed=0 failed=0 skipped=0
 results=()
@@ -20,8 +20,8 @@ step() {  # step NAME COMMAND...
 }
 skip() { skipped=$((skipped + 1)); results+=("skipped  $1: $2"); echo; echo "=== $1: skipped ($2)"; }
 
-build() {  # build PRESET
-  cmake --preset "$1" >/dev/null && cmake --build --preset "$1" -j "$jobs"
+build() {  # build PRESET, with warnings as errors
+  cmake --preset "$1" -DVEK_WERROR=ON >/dev/null && cmake --build --preset "$1" -j "$jobs"
 }
 
 # Whether this machine runs 32-bit x86 programs itself (not every kernel
@@ -30,6 +30,9 @@ runs_i386_natively() {
   [ -e /proc/sys/fs/binfmt_misc/qemu-i386 ] && return 1
   [ -x build/i686-linux/tests/vek_tests ] && build/i686-linux/tests/vek_tests --gtest_list_tests >/dev/null 2>&1
 }
+
+# ---- style: formatting and shell scripts ------------------------------------------
+step "style (clang-format, shellcheck)" bash tests/check_style.sh
 
 # ---- native x86-64 ------------------------------------------------------------
 step "native build" build native

@@ -12,10 +12,10 @@ using vek::CpuidRecord;
 // Builders for recorded processors.
 constexpr uint32_t SSE = 1u << 25, SSE2 = 1u << 26, HTT = 1u << 28, IA64 = 1u << 30;
 constexpr uint32_t SSE3 = 1u << 0, SSSE3 = 1u << 9, SSE41 = 1u << 19, SSE42 = 1u << 20;
-constexpr uint32_t PCLMUL = 1u << 1, OSXSAVE = 1u << 27, AVX = 1u << 28;                  // leaf 1 ECX
-constexpr uint32_t BMI1 = 1u << 3, AVX2 = 1u << 5, BMI2 = 1u << 8;                        // leaf 7 EBX
+constexpr uint32_t PCLMUL = 1u << 1, OSXSAVE = 1u << 27, AVX = 1u << 28;  // leaf 1 ECX
+constexpr uint32_t BMI1 = 1u << 3, AVX2 = 1u << 5, BMI2 = 1u << 8;        // leaf 7 EBX
 constexpr uint32_t AVX512F = 1u << 16, AVX512DQ = 1u << 17, AVX512BW = 1u << 30, AVX512VL = 1u << 31;
-constexpr uint32_t VPCLMUL = 1u << 10;                                                    // leaf 7 ECX
+constexpr uint32_t VPCLMUL = 1u << 10;  // leaf 7 ECX
 
 struct Cpu {
     CpuidRecord r = {};

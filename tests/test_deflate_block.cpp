@@ -184,7 +184,7 @@ VEK_DIFF_CASE(veksEncodeLZ77SelectHuffMode_8u, [] {
                 auto s = freshState();
                 vek::vekTable_veksEncodeLZ77SetStatus_8u[level](VekDeflateCoding, opaque(s.get()));
                 return int(vek::vekTable_veksEncodeLZ77SelectHuffMode_8u[level](pairs.data(), int(pairs.size() / 2),
-                                                                           mode.data(), opaque(s.get())));
+                                                                                mode.data(), opaque(s.get())));
             },
             "pairs " + std::to_string(pairs.size() / 2));
     }
@@ -503,7 +503,8 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
         Vek8u* nullDst = nullptr;
         const Vek16u* nullPairs = nullptr;
         int pairsLen = 3, dstLen = 64, bad = -1, zero = 0;
-        for (auto huff : {vek::vekTable_veksEncodeLZ77FixedHuff_8u[level], vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level]}) {
+        for (auto huff :
+             {vek::vekTable_veksEncodeLZ77FixedHuff_8u[level], vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level]}) {
             EXPECT_EQ(huff(nullptr, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
             EXPECT_EQ(huff(&nullPairs, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
             EXPECT_EQ(huff(&pairs, &pairsLen, &nullDst, &dstLen, VekDeflateNoFlush, st), StatusNullPointer);
@@ -524,10 +525,12 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
             EXPECT_EQ(dstLen, 64);
         }
         int srcLen = 3, big = 65536;
-        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
-                  StatusNullPointer);
-        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, VekDeflateNoFlush, st),
-                  StatusNullPointer);
+        EXPECT_EQ(
+            vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](nullptr, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
+            StatusNullPointer);
+        EXPECT_EQ(
+            vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, nullptr, VekDeflateNoFlush, st),
+            StatusNullPointer);
         EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &zero, VekDeflateNoFlush, st),
                   StatusDstSize);
         EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &big, &dst, &dstLen, VekDeflateNoFlush, st),
@@ -552,10 +555,12 @@ TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
         int one = 1;
         EXPECT_EQ(vek::vekTable_veksEncodeLZ77FixedHuff_8u[level](&pairs, &pairsLen, &dst, &one, VekDeflateNoFlush, st),
                   StatusDstSize);
-        EXPECT_EQ(vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level](&pairs, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st),
-                  StatusContextMismatch);
-        EXPECT_EQ(vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
-                  StatusContextMismatch);
+        EXPECT_EQ(
+            vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level](&pairs, &pairsLen, &dst, &dstLen, VekDeflateNoFlush, st),
+            StatusContextMismatch);
+        EXPECT_EQ(
+            vek::vekTable_veksEncodeLZ77StoredBlock_8u[level](&src, &srcLen, &dst, &dstLen, VekDeflateNoFlush, st),
+            StatusContextMismatch);
     }
 }
 

@@ -696,8 +696,9 @@ TEST(DeflateMatch, HistoryCut) {
             Vek16u* out = pair;
             const Vek8u* src = nullptr;
             int len = 0, space = 1;
-            EXPECT_EQ(vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateHistoryCut, holder.get()),
-                      StatusOk);
+            EXPECT_EQ(
+                vek::vekTable_veksEncodeLZ77_8u[level](&src, &len, &out, &space, VekDeflateHistoryCut, holder.get()),
+                StatusOk);
             EXPECT_EQ(holder.fields().historyPos, holder.fields().history);
         }
 }
@@ -775,7 +776,7 @@ TEST(DeflateMatch, RulesAtEntry) {
         // A block not aligned for a pointer is refused untouched.
         std::vector<uint8_t> block(sizeof(DeflateState) + 8, 0x5A);
         EXPECT_EQ(vek::vekTable_veksEncodeLZ77Init_8u[level](VekDeflateDefault, VekDeflateAdler32,
-                                                        reinterpret_cast<VekDeflateState*>(block.data() + 1)),
+                                                             reinterpret_cast<VekDeflateState*>(block.data() + 1)),
                   StatusBadArgument);
         EXPECT_EQ(std::count(block.begin(), block.end(), 0x5A), long(block.size()));
     }

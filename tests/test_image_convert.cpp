@@ -319,16 +319,24 @@ TEST(ImageConvertEntry, PointersThenSizesThenStepsAndNothingWritten) {
     onEveryLevel([](int level) {
 #define VEK_CHECK(codes)                                               \
     checkConvertEntry(vek::vekTable_vekiConvert_##codes##_C1R, level); \
-    checkConvertEntry(vek::vekTable_vekiConvert_##codes##_C3R, level);
-        VEK_CHECK(8u16u)
-        VEK_CHECK(8u16s)
-        VEK_CHECK(8u32s)
-        VEK_CHECK(8u32f) VEK_CHECK(16u32s) VEK_CHECK(16u32f) VEK_CHECK(16s32s) VEK_CHECK(16s32f) VEK_CHECK(32s8u)
-            VEK_CHECK(16s8u) VEK_CHECK(16u8u) VEK_CHECK(32f8u) VEK_CHECK(32f16s) VEK_CHECK(32f16u)
+    checkConvertEntry(vek::vekTable_vekiConvert_##codes##_C3R, level)
+        VEK_CHECK(8u16u);
+        VEK_CHECK(8u16s);
+        VEK_CHECK(8u32s);
+        VEK_CHECK(8u32f);
+        VEK_CHECK(16u32s);
+        VEK_CHECK(16u32f);
+        VEK_CHECK(16s32s);
+        VEK_CHECK(16s32f);
+        VEK_CHECK(32s8u);
+        VEK_CHECK(16s8u);
+        VEK_CHECK(16u8u);
+        VEK_CHECK(32f8u);
+        VEK_CHECK(32f16s);
+        VEK_CHECK(32f16u);
 #undef VEK_CHECK
-            // The left shift with two images checks like a conversion.
-            Vek32s src[8] = {},
-                   dst[8] = {7, 7, 7, 7, 7, 7, 7, 7};
+        // The left shift with two images checks like a conversion.
+        Vek32s src[8] = {}, dst[8] = {7, 7, 7, 7, 7, 7, 7, 7};
         EXPECT_EQ(vek::vekTable_vekiLShiftC_32s_C1R[level](nullptr, 16, 1, dst, 16, {2, 2}), StatusNullPointer);
         EXPECT_EQ(vek::vekTable_vekiLShiftC_32s_C1R[level](src, 16, 1, dst, 16, {2, 0}), StatusSize);
         EXPECT_EQ(vek::vekTable_vekiLShiftC_32s_C1R[level](src, 16, 1, dst, 0, {2, 2}), StatusStep);
