@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Style checks that need no build: every C and C++ file as clang-format
-# (.clang-format) would write it, and every shell script clean under
-# shellcheck.  Run from anywhere; fixes are `clang-format -i FILE` and the
-# shellcheck messages.
+# (.clang-format) would write it, and every shell script clean under the
+# shell linter.  Run from anywhere; the fixes are `clang-format -i FILE`
+# and what the linter says.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 fail=0
