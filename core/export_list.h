@@ -224,4 +224,40 @@ VEK_EXPORT(veksEncodeLZ77FixedHuff_8u,      plain, plain, plain, plain, plain, p
 VEK_EXPORT(veksEncodeLZ77DynamicHuff_8u,    plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77StoredBlock_8u,    plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (Vek8u** ppDst, int* pDstLen, VekDeflateState* pState))
+
+// ---- JPEG: DCT, quantisation, level shift (jpeg/) -------------------------
+// (the family's exports go here)
+
+
+// ---- JPEG: lossless prediction and TIFF rows (jpeg/) ----------------------
+// (the family's exports go here)
+
+
+// ---- JPEG: colour conversion, per-MCU level shift, chroma sampling (jpeg/) 
+// (the family's exports go here)
+
+
+// ---- JPEG: Huffman coding (jpeg/) -----------------------------------------
+// (the family's exports go here)
+
+
+// ---- JPEG 2000: wavelet transforms (jpeg2000/) ----------------------------
+// (the family's exports go here)
+
+
+// ---- JPEG 2000: component transforms (jpeg2000/) --------------------------
+// (the family's exports go here)
+
+
+// ---- video: motion compensation and block differences (video/) ------------
+// (the family's exports go here)
+
+
+// ---- video: block matching metrics (video/) -------------------------------
+// (the family's exports go here)
+
+
+// ---- video: MPEG-2 quantisation (video/) ----------------------------------
+// (the family's exports go here)
+
 // clang-format on

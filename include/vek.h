@@ -804,6 +804,60 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int
  * StatusUnknown; *pDstLen = 0 -> StatusDstSize. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, VekDeflateState* pState);
 
+/* ======================================================================
+ * JPEG: DCT, quantisation and level shift
+ * 8x8 blocks transformed, quantised and level-shifted in both directions.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
+/* ======================================================================
+ * JPEG: lossless prediction and TIFF rows
+ * Lossless JPEG row prediction and reconstruction; TIFF PackBits and byte planes.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
+/* ======================================================================
+ * JPEG: colour conversion, per-MCU level shift and chroma sampling
+ * Colour conversions, per-MCU conversions and chroma resampling.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
+/* ======================================================================
+ * JPEG: Huffman coding
+ * Baseline and progressive Huffman coding of 8x8 blocks.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
+/* ======================================================================
+ * JPEG 2000: wavelet transforms
+ * 5/3 and 9/7 wavelet passes and the two-dimensional 9/7 level.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
+/* ======================================================================
+ * JPEG 2000: component transforms
+ * The reversible (RCT) and irreversible (ICT) component transforms.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
+/* ======================================================================
+ * Video: motion compensation and block differences
+ * Predicted blocks and residuals for MPEG-1/2.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
+/* ======================================================================
+ * Video: block matching metrics
+ * SAD, squared differences and variance for motion search.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
+/* ======================================================================
+ * Video: MPEG-2 quantisation
+ * Intra and non-intra quantisation with mismatch control.
+ * ====================================================================== */
+/* (the family's functions go here) */
+
 #ifdef __cplusplus
 }
 #endif
