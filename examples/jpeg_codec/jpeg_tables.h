@@ -1,4 +1,4 @@
-// The example tables of T.81 Annex K: the luminance and chrominance
+// The zig-zag order and the example tables of T.81 Annex K: the luminance and chrominance
 // quantisation tables (K.1, in zig-zag order as DQT holds them) and the
 // four typical Huffman tables (K.3) as DHT holds them, BITS[1..16] then
 // HUFFVAL.  JFIF encoders scale the quantisation tables by quality and use
@@ -21,6 +21,12 @@ struct HuffmanTable {
 };
 
 // clang-format off
+// Natural (row-major) index of each zig-zag position.
+constexpr uint8_t kZigzagToNatural[64] = {
+     0,  1,  8, 16,  9,  2,  3, 10, 17, 24, 32, 25, 18, 11,  4,  5,
+    12, 19, 26, 33, 40, 48, 41, 34, 27, 20, 13,  6,  7, 14, 21, 28,
+    35, 42, 49, 56, 57, 50, 43, 36, 29, 22, 15, 23, 30, 37, 44, 51,
+    58, 59, 52, 45, 38, 31, 39, 46, 53, 60, 61, 54, 47, 55, 62, 63};
 constexpr uint8_t kLuminanceQuant[64] = {
     16, 11, 12, 14, 12, 10, 16, 14, 13, 14, 18, 17, 16, 19, 24, 40,
     26, 24, 22, 22, 24, 49, 35, 37, 29, 40, 58, 51, 61, 60, 57, 51,
