@@ -79,7 +79,20 @@ VekStatus decodeBaseline(const Vek8u* src, int srcLen, int* pos, Vek16s* dst, Ve
         dcValue = wrap16(static_cast<unsigned>(dcValue) + static_cast<unsigned>(call.reader.value(size)));
         block[0] = dcValue;
         for (int k = 1; k < 64; ++k) {
-            const int rs = call.symbol(ac);
+            if (call.reader.count() < 32) call.reader.refill();
+            // Short codes with short values: one look-up gives both.
+            const int32_t fast = ac.fastValue[call.reader.peek(vek::jpeg::kLookaheadBits)];
+            if (fast) {
+                k += (fast >> 8) & 15;
+                if (k > 63) {
+                    status = StatusJpegCoefficientRange;
+                    break;
+                }
+                call.reader.skip(fast & 31);
+                block[kZigzagToNatural[k]] = static_cast<Vek16s>(fast >> 16);
+                continue;
+            }
+            const int rs = call.reader.symbol(ac);
             if (rs < 0) {
                 status = StatusIllegalCode;
                 break;

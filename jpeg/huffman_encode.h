@@ -46,9 +46,9 @@ public:
     EncodeSink(const EncodeState& s, Vek8u* stage) : writer_(s.bits, s.count, stage), stage_(stage) {}
     // The code of `symbol` followed by the `size` low bits of `bits`.
     bool code(const EncodeSpec* t, int symbol, Vek32u bits = 0, int size = 0) {
-        const int length = t->length[symbol];
-        if (!length) return false;
-        writer_.put((Vek32u(t->code[symbol]) << size) | (bits & ((1u << size) - 1)), length + size);
+        const Vek32u entry = t->codeLength[symbol];
+        if (!entry) return false;
+        writer_.put(((entry >> 5) << size) | (bits & ((1u << size) - 1)), static_cast<int>(entry & 31) + size);
         return true;
     }
     void bit(int b) { writer_.put(static_cast<Vek32u>(b & 1), 1); }

@@ -36,11 +36,10 @@ constexpr Vek8u kZigzagToNatural[64] = {
     58, 59, 52, 45, 38, 31, 39, 46, 53, 60, 61, 54, 47, 55, 62, 63};
 // clang-format on
 
-// Encoder table: the code of each symbol, right-aligned, and its length
-// (0: the table has no code for the symbol).
+// Encoder table: the code of each symbol, right-aligned, shifted left by 5
+// and or-ed with its length (0: the table has no code for the symbol).
 struct EncodeSpec {
-    Vek16u code[256];
-    Vek8u length[256];
+    Vek32u codeLength[256];
 };
 
 // Decoder table.  `fast` resolves every code of up to kLookaheadBits bits
@@ -48,8 +47,14 @@ struct EncodeSpec {
 // or 0 for a longer (or absent) code.  Longer codes go through the
 // canonical bounds of T.81 F.16: a 16-bit window w holds a code of length
 // l when w < limit[l], and its symbol is values[(w >> (16 - l)) + offset[l]].
+//
+// `fastValue` serves AC tables: where a run/size code and its value bits
+// together take at most kLookaheadBits bits, the entry holds the value
+// (bits 16..31, signed), the run (bits 8..11) and the bits to consume
+// (bits 0..4); 0 elsewhere.
 struct DecodeSpec {
     Vek16u fast[1 << kLookaheadBits];
+    int32_t fastValue[1 << kLookaheadBits];
     Vek32u limit[kMaxCodeLength + 2];  // left-aligned first code of the next length; limit[17] ends the search
     int32_t offset[kMaxCodeLength + 1];
     Vek8u values[256];

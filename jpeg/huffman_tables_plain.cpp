@@ -69,9 +69,8 @@ VekStatus VEK_CALL vekiEncodeHuffmanSpecInit_JPEG_8u(const Vek8u* pListBits, con
     memset(&spec, 0, sizeof spec);
     for (int i = 0; i < n; ++i) {
         const Vek8u symbol = pListVals[i];
-        if (spec.length[symbol]) return StatusJpegHuffmanTable;  // one symbol, two codes
-        spec.code[symbol] = code[i];
-        spec.length[symbol] = length[i];
+        if (spec.codeLength[symbol]) return StatusJpegHuffmanTable;  // one symbol, two codes
+        spec.codeLength[symbol] = Vek32u(code[i]) << 5 | length[i];
     }
     *jpeg::specOf(pEncHuffSpec) = spec;
     return StatusOk;
@@ -99,6 +98,16 @@ VekStatus VEK_CALL vekiDecodeHuffmanSpecInit_JPEG_8u(const Vek8u* pListBits, con
         const int spread = kLookaheadBits - length[i];
         for (int e = code[i] << spread; e < (code[i] + 1) << spread; ++e)
             spec.fast[e] = static_cast<Vek16u>(length[i] << 8 | pListVals[i]);
+    }
+    // Run/size codes whose value bits fit in the look-ahead too.
+    for (int e = 0; e < (1 << kLookaheadBits); ++e) {
+        const int length = spec.fast[e] >> 8, symbol = spec.fast[e] & 0xFF;
+        const int run = symbol >> 4, size = symbol & 15;
+        if (!length || !size || length + size > kLookaheadBits) continue;
+        const int bits = (e >> (kLookaheadBits - length - size)) & ((1 << size) - 1);
+        const int value = bits < (1 << (size - 1)) ? bits - (1 << size) + 1 : bits;
+        spec.fastValue[e] =
+            static_cast<int32_t>(static_cast<Vek32u>(value) << 16 | Vek32u(run) << 8 | Vek32u(length + size));
     }
     // Canonical bounds of every length, left-aligned to 16 bits.
     unsigned first = 0;

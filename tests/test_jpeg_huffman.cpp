@@ -516,9 +516,10 @@ VEK_DIFF_CASE(vekiEncodeHuffmanSpecInit_JPEG_8u, [] {
         sameOnEveryLevel([&](int level) {
             EncodeSpec s;
             memset(&s, 0x5A, sizeof s);
-            Bytes out(1, uint8_t(vek::vekTable_vekiEncodeHuffmanSpecInit_JPEG_8u[level](
-                             t.bits, t.values, reinterpret_cast<VekEncodeHuffmanSpec*>(&s))));
-            out.insert(out.end(), reinterpret_cast<uint8_t*>(&s), reinterpret_cast<uint8_t*>(&s + 1));
+            const VekStatus status = vek::vekTable_vekiEncodeHuffmanSpecInit_JPEG_8u[level](
+                t.bits, t.values, reinterpret_cast<VekEncodeHuffmanSpec*>(&s));
+            Bytes out(reinterpret_cast<uint8_t*>(&s), reinterpret_cast<uint8_t*>(&s + 1));
+            out.push_back(uint8_t(status));
             return out;
         });
     }
@@ -529,9 +530,10 @@ VEK_DIFF_CASE(vekiDecodeHuffmanSpecInit_JPEG_8u, [] {
         sameOnEveryLevel([&](int level) {
             DecodeSpec s;
             memset(&s, 0x5A, sizeof s);
-            Bytes out(1, uint8_t(vek::vekTable_vekiDecodeHuffmanSpecInit_JPEG_8u[level](
-                             t.bits, t.values, reinterpret_cast<VekDecodeHuffmanSpec*>(&s))));
-            out.insert(out.end(), reinterpret_cast<uint8_t*>(&s), reinterpret_cast<uint8_t*>(&s + 1));
+            const VekStatus status = vek::vekTable_vekiDecodeHuffmanSpecInit_JPEG_8u[level](
+                t.bits, t.values, reinterpret_cast<VekDecodeHuffmanSpec*>(&s));
+            Bytes out(reinterpret_cast<uint8_t*>(&s), reinterpret_cast<uint8_t*>(&s + 1));
+            out.push_back(uint8_t(status));
             return out;
         });
     }
