@@ -89,24 +89,26 @@ bool putEobRun(Sink& sink, const EncodeSpec* t, int& eobRun, int& correctionCoun
 }
 
 // Run of zeros then a value: ZRL codes for every 16 zeros, then run/size.
+// The sign is taken without branches (it is a coin toss in real data):
+// the magnitude is (v ^ s) - s and the value bits v + s, with s = v >> 31,
+// which gives the one's complement of the magnitude for a negative v.
 template <class Sink>
 VekStatus putRunValue(Sink& sink, const EncodeSpec* t, int run, int v) {
     for (; run > 15; run -= 16)
         if (!sink.code(t, 0xF0)) return StatusJpegHuffmanTable;
-    const unsigned m = magnitude(v);
-    const int size = bitLength(m);
+    const int sign = v >> 31;
+    const int size = bitLength(static_cast<unsigned>((v ^ sign) - sign));
     if (size > kMaxAcSize) return StatusJpegCoefficientRange;
-    const Vek32u bits = v < 0 ? ~m : m;
-    return sink.code(t, (run << 4) | size, bits, size) ? StatusOk : StatusJpegHuffmanTable;
+    return sink.code(t, (run << 4) | size, static_cast<Vek32u>(v + sign), size) ? StatusOk : StatusJpegHuffmanTable;
 }
 
 // DC difference of baseline and DC first scans.
 template <class Sink>
 VekStatus putDc(Sink& sink, const EncodeSpec* t, int diff) {
-    const unsigned m = magnitude(diff);
-    const int size = bitLength(m);
+    const int sign = diff >> 31;
+    const int size = bitLength(static_cast<unsigned>((diff ^ sign) - sign));
     if (size > kMaxDcSize) return StatusJpegCoefficientRange;
-    return sink.code(t, size, diff < 0 ? ~m : m, size) ? StatusOk : StatusJpegHuffmanTable;
+    return sink.code(t, size, static_cast<Vek32u>(diff + sign), size) ? StatusOk : StatusJpegHuffmanTable;
 }
 
 template <class Block, class Sink>
@@ -139,8 +141,9 @@ VekStatus codeAcFirst(Sink& sink, const Vek16s* src, int ss, int se, int al, con
         if (!putEobRun(sink, ac, eobRun, noCorrections, nullptr)) return StatusJpegHuffmanTable;
         // The value after the point transform: the magnitude shifted, the
         // sign kept (T.81 G.1.2.2).
-        const unsigned m = magnitude(zz[k]) >> al;
-        const int v = zz[k] < 0 ? -static_cast<int>(m) : static_cast<int>(m);
+        const int z = zz[k], sign = z >> 31;
+        const int m = ((z ^ sign) - sign) >> al;
+        const int v = (m ^ sign) - sign;
         if (const VekStatus s = putRunValue(sink, ac, k - last - 1, v)) return s;
         last = k;
     }
