@@ -852,7 +852,8 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, V
  * whose counts add up to more than 256, or whose codes of some length do
  * not fit in that many bits without an all-ones code, is rejected with
  * StatusJpegHuffmanTable; so is an encoder table that lists a symbol twice.
- * The decoder's table resolves codes of up to 9 bits in one look-up.
+ * The decoder's table resolves codes of up to 11 bits in one look-up, and
+ * run/size codes together with their value bits where both fit in 11.
  *
  * Streams.  The encoders write the bytes of an entropy-coded segment, a
  * 0x00 stuffed after every 0xFF; the decoders read them.  The caller owns

@@ -14,7 +14,7 @@ namespace vek::jpeg {
 
 // Longest code, and the bits the decoder resolves with one table look-up.
 constexpr int kMaxCodeLength = 16;
-constexpr int kLookaheadBits = 9;
+constexpr int kLookaheadBits = 11;
 
 // Largest size categories an 8-bit coder writes: 11 bits of DC difference,
 // 10 bits of AC value (after the point transform).
