@@ -1,7 +1,7 @@
 // JPEG Huffman coding, plain level: the encoders and decoders of
 // huffman_encode.h and huffman_decode.h over scalar block helpers.  The
-// decoders of levels 1 to 5 are this code too: decoding is a chain of
-// dependent table look-ups that vectors do not shorten.
+// decoders of every level are this code: decoding is a chain of dependent
+// table look-ups that vectors do not shorten.
 #include <stdint.h>
 #include <string.h>
 

@@ -43,8 +43,6 @@ constexpr RowShuffles kRowShuffles = makeRowShuffles();
 #endif
 
 struct VectorBlock {
-    static void clear(Vek16s* block) { memset(block, 0, 64 * sizeof(Vek16s)); }
-    static void copy(Vek16s* dst, const Vek16s* src) { memcpy(dst, src, 64 * sizeof(Vek16s)); }
     static void toZigzag(const Vek16s* natural, Vek16s* zz) {
 #if defined(__AVX512BW__)
         const __m512i lo = load512i(natural), hi = load512i(natural + 32);
