@@ -1,5 +1,5 @@
-// TIFF rows, the AVX-512 BW level: the PackBits scans and the byte planes of
-// tiff_simd.h, 64 bytes at a time.
+// TIFF rows, the AVX-512 BW level: the byte planes of tiff_simd.h, 64
+// bytes at a time (PackBits stays with the SSE2 level).
 #include <immintrin.h>
 #include <stddef.h>
 #include <stdint.h>
@@ -10,11 +10,9 @@
 
 namespace vek::avx512 {
 #include "jpeg/tiff_checks.h"
-#include "jpeg/packbits_codec.h"
 #include "jpeg/tiff_simd.h"
 
 namespace {
-using Scan = VectorScan<64, MaskedScan>;
 void joinPlanes(const Vek8u* high, const Vek8u* low, Vek16u* dst, size_t n) {
     joinPlanesVector<__m512i>(high, low, dst, n);
 }
@@ -23,5 +21,5 @@ void splitPlanes(const Vek16u* src, Vek8u* high, Vek8u* low, size_t n) {
 }
 }  // namespace
 
-VEK_TIFF_EXPORTS(Scan)
+VEK_TIFF_PLANE_EXPORTS
 }  // namespace vek::avx512

@@ -1,13 +1,13 @@
 // The TIFF row exports, written once for every level.
 //
 // A level's translation unit defines, inside its own namespace, a PackBits
-// Scan policy (packbits_codec.h) and the byte-plane kernels
-// joinPlanes(high, low, dst, n) and splitPlanes(src, high, low, n), then
-// expands VEK_TIFF_EXPORTS(Scan).
+// Scan policy (packbits_codec.h) and expands VEK_PACKBITS_EXPORTS(Scan),
+// and defines the byte-plane kernels joinPlanes(high, low, dst, n) and
+// splitPlanes(src, high, low, n) and expands VEK_TIFF_PLANE_EXPORTS.
 #ifndef VEK_JPEG_TIFF_EXPORTS_H
 #define VEK_JPEG_TIFF_EXPORTS_H
 
-#define VEK_TIFF_EXPORTS(Scan)                                                                                         \
+#define VEK_PACKBITS_EXPORTS(Scan)                                                                                     \
     VekStatus VEK_CALL vekiPackBitsRow_TIFF_8u_C1(const Vek8u* pSrc, int srcLen, Vek8u* pDst, int* pDstCurrPos,        \
                                                   int dstLenBytes) {                                                   \
         return packBitsEncode<Scan>(pSrc, srcLen, pDst, pDstCurrPos, dstLenBytes);                                     \

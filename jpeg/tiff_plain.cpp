@@ -38,5 +38,6 @@ void splitPlanes(const Vek16u* src, Vek8u* high, Vek8u* low, size_t n) {
 }
 }  // namespace
 
-VEK_TIFF_EXPORTS(ByteScan)
+VEK_PACKBITS_EXPORTS(ByteScan)
+VEK_TIFF_PLANE_EXPORTS
 }  // namespace vek::plain

@@ -1,12 +1,13 @@
 // TIFF row kernels for the vector levels, written once over the vector
 // type: __m128i (SSE2), __m256i (AVX2) or __m512i (AVX-512 BW).
 //
-// PackBits: runs and literal stretches are found by comparing a vector of
-// bytes with the run byte, or with itself one byte on, and taking the first
-// set bit of the mask; the last, partial vector of a scan overlaps the one
-// before it, and a scan shorter than a vector goes to the next narrower
-// vector (AVX-512 masks its loads instead).  Literal data and runs are
-// written a vector at a time, the last vector overlapping.
+// PackBits (SSE2 only): runs and literal stretches are found by comparing
+// 16 bytes with the run byte, or with themselves one byte on, and taking
+// the first set bit of the mask; the last, partial vector of a scan
+// overlaps the one before it, and a scan shorter than a vector goes byte by
+// byte.  Literal data and runs are written 16 bytes at a time, the last
+// vector overlapping.  Wider vectors gain nothing on packets of at most 128
+// bytes, most of them short.
 //
 // Byte planes: joining interleaves the two planes' bytes (unpacks), split
 // packs the low and the high bytes of the samples; the 256- and 512-bit
@@ -23,38 +24,11 @@
 
 namespace {
 
-// ---- bytes, by vector type --------------------------------------------------------
+// ---- PackBits ----------------------------------------------------------------------------
+
+inline __m128i bytesAt(const Vek8u* p) { return load128i(p); }
 // Bit i set where byte i of a equals byte i of b.
-inline uint64_t equalBytes(__m128i a, __m128i b) { return unsigned(_mm_movemask_epi8(_mm_cmpeq_epi8(a, b))); }
-inline void loadBytes(const Vek8u* p, __m128i& v) { v = load128i(p); }
-inline void broadcastBytes(Vek8u b, __m128i& v) { v = broadcast128(b); }
-#ifdef __AVX2__
-inline uint64_t equalBytes(__m256i a, __m256i b) { return unsigned(_mm256_movemask_epi8(_mm256_cmpeq_epi8(a, b))); }
-inline void loadBytes(const Vek8u* p, __m256i& v) { v = load256i(p); }
-inline void broadcastBytes(Vek8u b, __m256i& v) { v = broadcast256(b); }
-#endif
-#ifdef __AVX512BW__
-inline uint64_t equalBytes(__m512i a, __m512i b) { return _mm512_cmpeq_epi8_mask(a, b); }
-inline void loadBytes(const Vek8u* p, __m512i& v) { v = load512i(p); }
-inline void broadcastBytes(Vek8u b, __m512i& v) { v = broadcast512(b); }
-#endif
-
-template <class V>
-inline V bytesAt(const Vek8u* p) {
-    V v;
-    loadBytes(p, v);
-    return v;
-}
-template <class V>
-inline V bytesOf(Vek8u b) {
-    V v;
-    broadcastBytes(b, v);
-    return v;
-}
-
-inline int firstBit(uint64_t mask) { return __builtin_ctzll(mask); }
-
-// ---- the PackBits scan policy -------------------------------------------------------
+inline unsigned equalBytes(__m128i a, __m128i b) { return unsigned(_mm_movemask_epi8(_mm_cmpeq_epi8(a, b))); }
 
 // Below 16 bytes: one byte at a time, copies in 8-byte pieces.
 struct SmallScan {
@@ -89,39 +63,19 @@ struct SmallScan {
     }
 };
 
-// The vector of W bytes.
-template <int W>
-struct ByteVector;
-template <>
-struct ByteVector<16> {
-    using type = __m128i;
-};
-#ifdef __AVX2__
-template <>
-struct ByteVector<32> {
-    using type = __m256i;
-};
-#endif
-#ifdef __AVX512BW__
-template <>
-struct ByteVector<64> {
-    using type = __m512i;
-};
-#endif
-
-// Scans and writes of at least W bytes, a vector of W bytes at a time;
-// shorter ones go to Narrower.
-template <int W, class Narrower>
+// Scans and writes of at least 16 bytes, 16 at a time; shorter ones go to
+// SmallScan.
 struct VectorScan {
-    using V = typename ByteVector<W>::type;
-    static constexpr uint64_t kAll = W == 64 ? ~uint64_t(0) : (uint64_t(1) << W) - 1;
+    static constexpr int W = 16;
+    static constexpr int kFewSingly = 4;
 
     static int runLength(const Vek8u* p, Vek8u b, int max) {
-        if (max < W) return Narrower::runLength(p, b, max);
-        const V run = bytesOf<V>(b);
+        // Most scans in text end at once: look at the first byte alone.
+        if (max < W || p[0] != b) return max < W ? SmallScan::runLength(p, b, max) : 0;
+        const __m128i run = broadcast128(b);
         for (int m = 0;; m += W) {
             if (m + W > max) m = max - W;  // the last vector overlaps bytes already equal
-            if (const uint64_t differ = ~equalBytes(bytesAt<V>(p + m), run) & kAll) return m + firstBit(differ);
+            if (const unsigned differ = equalBytes(bytesAt(p + m), run) ^ 0xFFFFu) return m + __builtin_ctz(differ);
             if (m + W == max) return max;
         }
     }
@@ -129,50 +83,27 @@ struct VectorScan {
         // Places m < limit have a successor in the row; the place avail - 1
         // (if max reaches it) counts, so finding no equal pair gives max.
         const int limit = max < avail - 1 ? max : avail - 1;
-        if (limit < W) return Narrower::literalSpan(p, avail, max);
-        for (int k = 0;; k += W) {
+        if (limit < W) return SmallScan::literalSpan(p, avail, max);
+        for (int k = 0; k < kFewSingly; ++k)  // text has short stretches
+            if (p[k] == p[k + 1]) return k;
+        for (int k = kFewSingly;; k += W) {
             if (k + W > limit) k = limit - W;
-            if (const uint64_t equal = equalBytes(bytesAt<V>(p + k), bytesAt<V>(p + k + 1))) return k + firstBit(equal);
+            if (const unsigned equal = equalBytes(bytesAt(p + k), bytesAt(p + k + 1))) return k + __builtin_ctz(equal);
             if (k + W == limit) return max;
         }
     }
     static void copy(Vek8u* dst, const Vek8u* src, int n) {
-        if (n < W) return Narrower::copy(dst, src, n);
-        for (int k = 0; k + W < n; k += W) store(dst + k, bytesAt<V>(src + k));
-        store(dst + n - W, bytesAt<V>(src + n - W));
+        if (n < W) return SmallScan::copy(dst, src, n);
+        for (int k = 0; k + W < n; k += W) store(dst + k, bytesAt(src + k));
+        store(dst + n - W, bytesAt(src + n - W));
     }
     static void fill(Vek8u* dst, Vek8u b, int n) {
-        if (n < W) return Narrower::fill(dst, b, n);
-        const V run = bytesOf<V>(b);
+        if (n < W) return SmallScan::fill(dst, b, n);
+        const __m128i run = broadcast128(b);
         for (int k = 0; k + W < n; k += W) store(dst + k, run);
         store(dst + n - W, run);
     }
 };
-
-#ifdef __AVX512BW__
-// Below 64 bytes: loads and stores masked to the bytes asked for (the
-// masked-off bytes are not touched, so they cannot fault).
-struct MaskedScan {
-    static __mmask64 first(int n) { return n >= 64 ? ~__mmask64(0) : (__mmask64(1) << n) - 1; }
-    static int runLength(const Vek8u* p, Vek8u b, int max) {
-        const __mmask64 in = first(max);
-        const __mmask64 differ = _mm512_mask_cmpneq_epi8_mask(in, _mm512_maskz_loadu_epi8(in, p), broadcast512(b));
-        return differ ? firstBit(differ) : max;
-    }
-    static int literalSpan(const Vek8u* p, int avail, int max) {
-        const int limit = max < avail - 1 ? max : avail - 1;
-        const __mmask64 in = first(limit);  // places 0..limit-1 and their successors
-        const __mmask64 equal =
-            _mm512_mask_cmpeq_epi8_mask(in, _mm512_maskz_loadu_epi8(in, p), _mm512_maskz_loadu_epi8(in, p + 1));
-        return equal ? firstBit(equal) : max;
-    }
-    static void copy(Vek8u* dst, const Vek8u* src, int n) {
-        const __mmask64 in = first(n);
-        _mm512_mask_storeu_epi8(dst, in, _mm512_maskz_loadu_epi8(in, src));
-    }
-    static void fill(Vek8u* dst, Vek8u b, int n) { _mm512_mask_storeu_epi8(dst, first(n), broadcast512(b)); }
-};
-#endif
 
 // ---- byte planes ----------------------------------------------------------------------
 
@@ -221,11 +152,23 @@ inline void splitVectors(__m512i a, __m512i b, __m512i& high, __m512i& low) {
 }
 #endif
 
+// A vector's worth from any address.
+template <class V>
+inline V loadPlane(const void* p) {
+    if constexpr (sizeof(V) == 16) return load128i(p);
+#ifdef __AVX2__
+    if constexpr (sizeof(V) == 32) return load256i(p);
+#endif
+#ifdef __AVX512BW__
+    if constexpr (sizeof(V) == 64) return load512i(p);
+#endif
+}
+
 template <class V>
 void joinPlanesVector(const Vek8u* high, const Vek8u* low, Vek16u* dst, size_t n) {
     forEachBlock<sizeof(V)>(
-        n, [](Vek16u* d, const Vek8u* h, const Vek8u* l) { joinVector(bytesAt<V>(h), bytesAt<V>(l), d); }, dst, high,
-        low);
+        n, [](Vek16u* d, const Vek8u* h, const Vek8u* l) { joinVector(loadPlane<V>(h), loadPlane<V>(l), d); }, dst,
+        high, low);
 }
 
 template <class V>
@@ -233,8 +176,7 @@ void splitPlanesVector(const Vek16u* src, Vek8u* high, Vek8u* low, size_t n) {
     constexpr size_t N = sizeof(V);  // samples a block
     const auto block = [](const Vek16u* s, Vek8u* h, Vek8u* l) {
         V hi, lo;
-        splitVectors(bytesAt<V>(reinterpret_cast<const Vek8u*>(s)),
-                     bytesAt<V>(reinterpret_cast<const Vek8u*>(s + N / 2)), hi, lo);
+        splitVectors(loadPlane<V>(s), loadPlane<V>(s + N / 2), hi, lo);
         store(h, hi);
         store(l, lo);
     };

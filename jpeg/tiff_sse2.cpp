@@ -14,7 +14,6 @@ namespace vek::sse2 {
 #include "jpeg/tiff_simd.h"
 
 namespace {
-using Scan = VectorScan<16, SmallScan>;
 void joinPlanes(const Vek8u* high, const Vek8u* low, Vek16u* dst, size_t n) {
     joinPlanesVector<__m128i>(high, low, dst, n);
 }
@@ -23,5 +22,6 @@ void splitPlanes(const Vek16u* src, Vek8u* high, Vek8u* low, size_t n) {
 }
 }  // namespace
 
-VEK_TIFF_EXPORTS(Scan)
+VEK_PACKBITS_EXPORTS(VectorScan)
+VEK_TIFF_PLANE_EXPORTS
 }  // namespace vek::sse2
