@@ -15,16 +15,18 @@
     VekStatus VEK_CALL vekiUnpackBitsRow_TIFF_8u_C1(const Vek8u* pSrc, int* pSrcCurrPos, int srcLenBytes, Vek8u* pDst, \
                                                     int dstLen) {                                                      \
         return packBitsDecode<Scan>(pSrc, pSrcCurrPos, srcLenBytes, pDst, dstLen);                                     \
-    }                                                                                                                  \
-    VekStatus VEK_CALL vekiJoinRow_TIFF_8u16u_C1(const Vek8u* const pSrc[2], Vek16u* pDst, int len) {                  \
-        if (const VekStatus s = checkPlanes(pSrc, pDst, len)) return s;                                                \
-        joinPlanes(pSrc[0], pSrc[1], pDst, size_t(len));                                                               \
-        return StatusOk;                                                                                               \
-    }                                                                                                                  \
-    VekStatus VEK_CALL vekiSplitRow_TIFF_16u8u_C1(const Vek16u* pSrc, Vek8u* const pDst[2], int len) {                 \
-        if (const VekStatus s = checkPlanes(pDst, pSrc, len)) return s;                                                \
-        splitPlanes(pSrc, pDst[0], pDst[1], size_t(len));                                                              \
-        return StatusOk;                                                                                               \
+    }
+
+#define VEK_TIFF_PLANE_EXPORTS                                                                         \
+    VekStatus VEK_CALL vekiJoinRow_TIFF_8u16u_C1(const Vek8u* const pSrc[2], Vek16u* pDst, int len) {  \
+        if (const VekStatus s = checkPlanes(pSrc, pDst, len)) return s;                                \
+        joinPlanes(pSrc[0], pSrc[1], pDst, size_t(len));                                               \
+        return StatusOk;                                                                               \
+    }                                                                                                  \
+    VekStatus VEK_CALL vekiSplitRow_TIFF_16u8u_C1(const Vek16u* pSrc, Vek8u* const pDst[2], int len) { \
+        if (const VekStatus s = checkPlanes(pDst, pSrc, len)) return s;                                \
+        splitPlanes(pSrc, pDst[0], pDst[1], size_t(len));                                              \
+        return StatusOk;                                                                               \
     }
 
 #endif

@@ -112,10 +112,11 @@ VEK_DIFF_CASE(vekiPackBitsRow_TIFF_8u_C1, [] {
                 const int offset = int(rng()() % 16);
                 for (int room = 1; room <= whole + start + 2; room += room < 200 ? 1 : 1 + room / 16) {
                     const Result ref = pack(0, row, room, start, offset);
-                    for (int level : levelsToCompare())
-                        if (level != 0)
-                            ASSERT_TRUE(pack(level, row, room, start, offset) == ref)
-                                << "level " << level << " len " << len << " room " << room << " start " << start;
+                    for (int level : levelsToCompare()) {
+                        if (level == 0) continue;
+                        ASSERT_TRUE(pack(level, row, room, start, offset) == ref)
+                            << "level " << level << " len " << len << " room " << room << " start " << start;
+                    }
                 }
             }
 });
@@ -130,10 +131,11 @@ VEK_DIFF_CASE(vekiUnpackBitsRow_TIFF_8u_C1, [] {
                 for (int dstLen = 1; dstLen <= len + 130; dstLen += dstLen < 150 ? 1 : 1 + dstLen / 16) {
                     const int start = rng()() % 4 ? 0 : int(rng()() % (coded.size() + 2));
                     const Result ref = unpack(0, coded, start, dstLen);
-                    for (int level : levelsToCompare())
-                        if (level != 0)
-                            ASSERT_TRUE(unpack(level, coded, start, dstLen) == ref)
-                                << "level " << level << " len " << len << " dstLen " << dstLen;
+                    for (int level : levelsToCompare()) {
+                        if (level == 0) continue;
+                        ASSERT_TRUE(unpack(level, coded, start, dstLen) == ref)
+                            << "level " << level << " len " << len << " dstLen " << dstLen;
+                    }
                 }
             }
 });
@@ -155,11 +157,13 @@ TEST(PackBits, RoundTripsAndPacketRules) {
                 ASSERT_EQ(back.buffer, row);
                 const std::vector<Packet> p = parse(coded);
                 for (size_t i = 0; i + 1 < p.size(); ++i) {
-                    if (p[i].length < 0 && p[i].length != -128)  // a run is not followed by more of its byte
-                        ASSERT_NE(p[i].bytes[0], p[i + 1].bytes[0]) << "packet " << i;
-                    if (p[i].length > 0 && p[i + 1].length > 0) ASSERT_EQ(p[i].length, 128) << "packet " << i;
-                    if (i + 2 < p.size() && p[i].length > 0 && p[i + 1].length == -2 && p[i + 2].length > 0)
-                        ASSERT_GE(p[i].length + 2, 128) << "an unfolded run of two at packet " << i + 1;
+                    const bool shortRun = p[i].length < 0 && p[i].length > -128;
+                    ASSERT_FALSE(shortRun && p[i].bytes[0] == p[i + 1].bytes[0]) << "a run cut short at packet " << i;
+                    ASSERT_FALSE(p[i].length > 0 && p[i + 1].length > 0 && p[i].length < 128)
+                        << "a literal cut short at packet " << i;
+                    ASSERT_FALSE(i + 2 < p.size() && p[i].length > 0 && p[i].length + 2 < 128 &&
+                                 p[i + 1].length == -2 && p[i + 2].length > 0)
+                        << "an unfolded run of two at packet " << i + 1;
                 }
             }
     });
