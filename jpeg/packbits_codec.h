@@ -28,13 +28,31 @@
 //                             avail - 1)]; max <= avail);
 //   copy(dst, src, n), fill(dst, b, n): write exactly dst[0..n).
 //
-// Included inside a level's namespace after tiff_checks.h; internal linkage.
+// Included inside a level's namespace after <string.h> and tiff_checks.h;
+// internal linkage.
 #ifndef VEK_JPEG_PACKBITS_CODEC_H
 #define VEK_JPEG_PACKBITS_CODEC_H
 
 namespace {
 
 constexpr int kPackBitsLongest = 128;  // bytes in one packet's run or literal
+
+// The Scan policy a byte at a time: the plain level's, and the vector
+// levels' for scans shorter than a vector.
+struct ByteScan {
+    static int runLength(const Vek8u* p, Vek8u b, int max) {
+        int m = 0;
+        while (m < max && p[m] == b) ++m;
+        return m;
+    }
+    static int literalSpan(const Vek8u* p, int avail, int max) {
+        int k = 0;
+        while (k < max && (k + 1 == avail || p[k] != p[k + 1])) ++k;
+        return k;
+    }
+    static void copy(Vek8u* dst, const Vek8u* src, int n) { memcpy(dst, src, size_t(n)); }
+    static void fill(Vek8u* dst, Vek8u b, int n) { memset(dst, b, size_t(n)); }
+};
 
 inline int packBitsMin(int a, int b) { return a < b ? a : b; }
 

@@ -12,21 +12,6 @@ namespace vek::plain {
 #include "jpeg/packbits_codec.h"
 
 namespace {
-struct ByteScan {
-    static int runLength(const Vek8u* p, Vek8u b, int max) {
-        int m = 0;
-        while (m < max && p[m] == b) ++m;
-        return m;
-    }
-    static int literalSpan(const Vek8u* p, int avail, int max) {
-        int k = 0;
-        while (k < max && (k + 1 == avail || p[k] != p[k + 1])) ++k;
-        return k;
-    }
-    static void copy(Vek8u* dst, const Vek8u* src, int n) { memcpy(dst, src, size_t(n)); }
-    static void fill(Vek8u* dst, Vek8u b, int n) { memset(dst, b, size_t(n)); }
-};
-
 void joinPlanes(const Vek8u* high, const Vek8u* low, Vek16u* dst, size_t n) {
     for (size_t i = 0; i < n; ++i) dst[i] = static_cast<Vek16u>(high[i] << 8 | low[i]);
 }

@@ -11,6 +11,7 @@
 namespace vek::sse2 {
 #include "jpeg/tiff_checks.h"
 #include "jpeg/packbits_codec.h"
+#include "jpeg/packbits_simd.h"
 #include "jpeg/tiff_simd.h"
 
 namespace {
