@@ -899,7 +899,8 @@ VEK_API VekStatus VEK_CALL vekiQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const V
  * 16-bit, saturated to -32768..32767. */
 VEK_API VekStatus VEK_CALL vekiQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantInvTable);
 /* Forward DCT of a contiguous block, then quantisation. */
-VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst, const Vek16u* pQuantFwdTable);
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,
+                                                          const Vek16u* pQuantFwdTable);
 VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantFwdTable);
 /* sample - 128, forward DCT, quantisation: an encoder's block. */
 VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst,
@@ -918,7 +919,8 @@ VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R(const Vek16u* pS
                                                                 const Vek32f* pQuantFwdTable);
 /* Dequantisation (saturated) into the destination, then the inverse DCT in
  * place: 16-bit results, no shift, no clamp. */
-VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst, const Vek16u* pQuantInvTable);
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,
+                                                          const Vek16u* pQuantInvTable);
 VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantInvTable);
 /* Dequantisation, inverse DCT, + 128 and clamp to 0..255: a decoder's block. */
 VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,

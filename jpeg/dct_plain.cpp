@@ -137,7 +137,8 @@ void forwardFloatBlock(const Vek16u* src, int srcStep, Vek16s* dst, const Vek32f
         forwardFloat8(x);
         for (int k = 0; k < 8; ++k) {
             const int i = 8 * k + c;
-            dst[i] = static_cast<Vek16s>(roundFloatClamped(mulF(mulF(x[k].f, kForwardPostScale[i]), table[i]), -32768, 32767));
+            dst[i] = static_cast<Vek16s>(
+                roundFloatClamped(mulF(mulF(x[k].f, kForwardPostScale[i]), table[i]), -32768, 32767));
         }
     }
 }

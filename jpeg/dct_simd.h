@@ -213,7 +213,9 @@ namespace {
 
 inline Lane loadRow(const Vek16s* p) { return widenSigned(load128i(p)); }
 inline Lane loadRow(const Vek16u* p) { return widenUnsigned(load128i(p)); }
-inline Lane loadRow(const Vek8u* p) { return widenBytes(_mm_loadl_epi64(static_cast<const __m128i*>(static_cast<const void*>(p)))); }
+inline Lane loadRow(const Vek8u* p) {
+    return widenBytes(_mm_loadl_epi64(static_cast<const __m128i*>(static_cast<const void*>(p))));
+}
 
 // Row r of a coefficient block times row r of an inverse table read as
 // signed, saturated: 16-bit products widened to exact 32-bit ones, packed
@@ -336,27 +338,26 @@ inline void inverseFloatBlock(const Vek16s* src, Vek16u* dst, int dstStep, const
         store(jpeg::blockRow(dst, dstStep, r), roundedRow(x[r] + splatFloat(2048.0f), nearest, 0, 4095));
 }
 
-// ---- the level shifts, 16 samples a block ---------------------------------------
+// ---- the level shifts, 8 samples a block (a JPEG block's row) -------------------
 
 inline void add128Row(const Vek16s* src, Vek8u* dst, int n) {
     const __m128i bias = _mm_set1_epi16(128);
-    forEachBlock<16>(
+    forEachBlock<8>(
         static_cast<size_t>(n),
         [&](Vek8u* out, const Vek16s* in) {
-            store(out, _mm_packus_epi16(_mm_adds_epi16(load128i(in), bias), _mm_adds_epi16(load128i(in + 8), bias)));
+            const __m128i words = _mm_adds_epi16(load128i(in), bias);
+            storeEightBytes(out, _mm_packus_epi16(words, words));
         },
         dst, src);
 }
 
 inline void sub128Row(const Vek8u* src, Vek16s* dst, int n) {
-    const __m128i bias = _mm_set1_epi16(128), zero = _mm_setzero_si128();
-    // Fewer than 16 samples go through the block loop's stack copies.
-    forEachBlock<16>(
+    const __m128i bias = _mm_set1_epi16(128);
+    forEachBlock<8>(
         static_cast<size_t>(n),
         [&](Vek16s* out, const Vek8u* in) {
-            const __m128i bytes = load128i(in);
-            store(out, _mm_sub_epi16(_mm_unpacklo_epi8(bytes, zero), bias));
-            store(out + 8, _mm_sub_epi16(_mm_unpackhi_epi8(bytes, zero), bias));
+            const __m128i bytes = _mm_loadl_epi64(static_cast<const __m128i*>(static_cast<const void*>(in)));
+            store(out, _mm_sub_epi16(_mm_unpacklo_epi8(bytes, _mm_setzero_si128()), bias));
         },
         dst, src);
 }
