@@ -229,8 +229,8 @@ VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, p
 // The 8x8 transforms and the fused functions work in 32-bit lanes from
 // SSE2 (products emulated with pmuludq), SSE4.1 (pmulld) and AVX2 (eight
 // lanes, one row a register); AVX-512 gains nothing over AVX2 on one 8x8
-// block.  The float path needs SSE2 to reach integers.  The tables, the
-// DC-only inverse and the scaled-down inverses are scalar work.
+// block.  The float path needs SSE2 to reach integers.  The tables and
+// the DC-only inverse are scalar work.
 VEK_EXPORT(vekiDCT8x8Fwd_16s_C1R,                     plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,  VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDst))
 VEK_EXPORT(vekiDCT8x8Fwd_8u16s_C1R,                   plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,  VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* pDst))
 VEK_EXPORT(vekiDCT8x8Inv_16s_C1R,                     plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,  VekStatus, (const Vek16s* pSrc, Vek16s* pDst, int dstStep))
@@ -252,8 +252,8 @@ VEK_EXPORT(vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R,      plain, plain, sse2,  sse2,
 VEK_EXPORT(vekiDCTQuantInv8x8LS_1x1_JPEG_16s8u_C1R,   plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8LS_2x2_JPEG_16s8u_C1R,   plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,  VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8LS_4x4_JPEG_16s8u_C1R,   plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,  VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
-VEK_EXPORT(vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R,  plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
-VEK_EXPORT(vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R,  plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
+VEK_EXPORT(vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R,  plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,  VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
+VEK_EXPORT(vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R,  plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,  VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiAdd128_JPEG_16s8u_C1R,                 plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roiSize))
 VEK_EXPORT(vekiSub128_JPEG_8u16s_C1R,                 plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roiSize))
 

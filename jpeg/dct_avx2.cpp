@@ -17,5 +17,6 @@ namespace vek::avx2 {
 #include "jpeg/dct_simd.h"
 
 VEK_JPEG_DCT_INTEGER_MEMBERS
+VEK_JPEG_DCT_REDUCED_MEMBERS
 VEK_JPEG_DCT_FLOAT_MEMBERS
 }  // namespace vek::avx2

@@ -300,6 +300,36 @@ inline void dequantiseBlock(const Vek16s* src, Vek16s* dst, const Vek16u* table)
     for (int r = 0; r < 8; ++r) store(dst + 8 * r, dequantiseRow(src + 8 * r, table + 8 * r));
 }
 
+// The scaled-down inverses of a dequantised block: pass 1 down the columns
+// (natural layout), a transpose, pass 2 along the rows, a transpose back;
+// the unused lanes and registers carry zeros.
+template <int Outputs, class Reduce1, class Reduce2>
+inline void inverseReduced(const Vek16s* coef, Vek16s* out, Reduce1 pass1, Reduce2 pass2) {
+    Lane x[8], y[8];
+    for (int r = 0; r < 8; ++r) x[r] = loadRow(coef + 8 * r);
+    pass1(x, y);
+    for (int k = 0; k < 8; ++k) y[k] = k < Outputs ? wrap16(y[k]) : Lane::splat(0);
+    transpose(y);
+    pass2(y, x);
+    for (int k = 0; k < 8; ++k) x[k] = k < Outputs ? wrap16(x[k]) : Lane::splat(0);
+    transpose(x);
+    alignas(16) Vek16s row[8];
+    for (int r = 0; r < Outputs; ++r) {
+        store(row, packSaturated(x[r]));
+        memcpy(out + Outputs * r, row, Outputs * sizeof(Vek16s));
+    }
+}
+inline void inverseTo4x4(const Vek16s* coef, Vek16s* out) {
+    inverseReduced<4>(
+        coef, out, [](const Lane* x, Lane* y) { inverseTo4<false>(x, y); },
+        [](const Lane* x, Lane* y) { inverseTo4<true>(x, y); });
+}
+inline void inverseTo2x2(const Vek16s* coef, Vek16s* out) {
+    inverseReduced<2>(
+        coef, out, [](const Lane* x, Lane* y) { inverseTo2<false>(x, y); },
+        [](const Lane* x, Lane* y) { inverseTo2<true>(x, y); });
+}
+
 // Eight rounded values of a row: the vector rounding when MXCSR rounds to
 // nearest, the scalar rule that ignores the mode otherwise.
 inline __m128i roundedRow(FloatLane v, bool nearest, int32_t lo, int32_t hi) {

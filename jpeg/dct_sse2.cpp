@@ -17,6 +17,7 @@ namespace vek::sse2 {
 #include "jpeg/dct_simd.h"
 
 VEK_JPEG_DCT_INTEGER_MEMBERS
+VEK_JPEG_DCT_REDUCED_MEMBERS
 VEK_JPEG_DCT_FLOAT_MEMBERS
 VEK_JPEG_LEVEL_SHIFT_MEMBERS
 }  // namespace vek::sse2

@@ -16,4 +16,5 @@ namespace vek::sse41 {
 #include "jpeg/dct_simd.h"
 
 VEK_JPEG_DCT_INTEGER_MEMBERS
+VEK_JPEG_DCT_REDUCED_MEMBERS
 }  // namespace vek::sse41
