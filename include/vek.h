@@ -906,15 +906,25 @@ VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, cons
 VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst,
                                                                const Vek16u* pQuantFwdTable);
 /* The 12-bit path in single precision: sample - 2048.0, the
- * Arai-Agui-Nakajima scaled DCT (constants 0.707106781, 0.382683433,
- * 0.541196100, 1.306562965; rows then columns, in the order of
- * jpeg/dct_flow.h), each output times the post-scale 1 / (8 a_u a_v)
- * (a_0 = 1, a_k = sqrt(2) cos(k pi / 16); 0.125 at DC, 0.0901199803 at
- * (0,1)), then times the table, then rounded to nearest, halves to even,
- * saturated to 16 bits (NaN gives 0).  Every product and sum is a float
- * operation rounded to single precision in that one order at every level
- * (no fused multiply-add), in the default rounding mode; the final
- * rounding does not depend on the mode. */
+ * Arai-Agui-Nakajima scaled DCT over the rows then the columns, each output
+ * times the post-scale 1 / (8 a_u a_v) (a_0 = 1, a_k = sqrt(2) cos(k pi/16):
+ * 0.125 at DC, 0.0901199803 at (0,1), 0.0956708565 at (0,2)), then times
+ * the table, then rounded to nearest, halves to even, saturated to 16 bits
+ * (NaN gives 0).  One 1-D pass, every operation a float operation in this
+ * order (no fused multiply-add):
+ *   t0 = x0 + x7, t7 = x0 - x7, t1 = x1 + x6, t6 = x1 - x6,
+ *   t2 = x2 + x5, t5 = x2 - x5, t3 = x3 + x4, t4 = x3 - x4;
+ *   t10 = t0 + t3, t13 = t0 - t3, t11 = t1 + t2, t12 = t1 - t2;
+ *   X0 = t10 + t11, X4 = t10 - t11, z1 = (t12 + t13) * 0.707106781,
+ *   X2 = t13 + z1, X6 = t13 - z1;
+ *   p10 = t4 + t5, p11 = t5 + t6, p12 = t6 + t7,
+ *   z5 = (p10 - p12) * 0.382683433, z2 = p10 * 0.541196100 + z5,
+ *   z4 = p12 * 1.306562965 + z5, z3 = p11 * 0.707106781,
+ *   z11 = t7 + z3, z13 = t7 - z3;
+ *   X5 = z13 + z2, X3 = z13 - z2, X1 = z11 + z4, X7 = z11 - z4;
+ *   result = ((X * post-scale) * table).
+ * The sums and products round in the caller's rounding mode (identical at
+ * every level in the default one); the final rounding ignores the mode. */
 VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R(const Vek16u* pSrc, int srcStep, Vek16s* pDst,
                                                                 const Vek32f* pQuantFwdTable);
 /* Dequantisation (saturated) into the destination, then the inverse DCT in
@@ -925,10 +935,19 @@ VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, cons
 /* Dequantisation, inverse DCT, + 128 and clamp to 0..255: a decoder's block. */
 VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
                                                                const Vek16u* pQuantInvTable);
-/* The 12-bit path: float(coef) * table * pre-scale a_u a_v / 8 (0.125 at
- * DC), the Arai-Agui-Nakajima scaled inverse DCT (constants 1.414213562,
- * 1.847759065, 1.082392200, 2.613125930; columns then rows), + 2048.0,
- * rounded to nearest (halves to even; NaN gives 0) and clamped to 0..4095. */
+/* The 12-bit path: (float(coef) * table) * pre-scale a_u a_v / 8 (0.125
+ * at DC, 0.173379987 at (0,1)), the Arai-Agui-Nakajima scaled inverse DCT
+ * over the columns then the rows, + 2048.0, rounded to nearest (halves to
+ * even; NaN gives 0) and clamped to 0..4095.  One 1-D pass, in order:
+ *   t10 = x0 + x4, t11 = x0 - x4, t13 = x2 + x6,
+ *   t12 = (x2 - x6) * 1.414213562 - t13;
+ *   e0 = t10 + t13, e3 = t10 - t13, e1 = t11 + t12, e2 = t11 - t12;
+ *   z13 = x5 + x3, z10 = x5 - x3, z11 = x1 + x7, z12 = x1 - x7;
+ *   o7 = z11 + z13, r11 = (z11 - z13) * 1.414213562,
+ *   z5 = (z10 + z12) * 1.847759065, r10 = z5 - z12 * 1.082392200,
+ *   r12 = z5 - z10 * 2.613125930, o6 = r12 - o7, o5 = r11 - o6, o4 = r10 - o5;
+ *   y0 = e0 + o7, y7 = e0 - o7, y1 = e1 + o6, y6 = e1 - o6,
+ *   y2 = e2 + o5, y5 = e2 - o5, y3 = e3 + o4, y4 = e3 - o4. */
 VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R(const Vek16s* pSrc, Vek16u* pDst, int dstStep,
                                                                 const Vek32f* pQuantInvTable);
 /* DC only: v = ((coef[0] * table[0]) >> 3) + 128 (table read as signed; the
