@@ -242,13 +242,15 @@ VEK_DIFF_CASE(vekiSub128_JPEG_8u16s_C1R, [] { diffLevelShift<Vek8u, Vek16s>(vekT
 
 // ---- references in double precision ----------------------------------------------
 
+constexpr double kPi = 3.14159265358979323846;
+
 // basis[u][x] = C(u)/2 cos((2x+1) u pi / 16): the T.81 DCT is basis f basis^T.
 struct Basis {
     double m[8][8];
     Basis() {
         for (int u = 0; u < 8; ++u)
             for (int x = 0; x < 8; ++x)
-                m[u][x] = (u ? 0.5 : 0.5 / std::sqrt(2.0)) * std::cos((2 * x + 1) * u * M_PI / 16);
+                m[u][x] = (u ? 0.5 : 0.5 / std::sqrt(2.0)) * std::cos((2 * x + 1) * u * kPi / 16);
     }
 };
 const Basis kBasis;
