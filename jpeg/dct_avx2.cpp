@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "core/dispatch.h"
+#include "core/round_float.h"
 #include "jpeg/dct_checks.h"
 #include "jpeg/dct_exports.h"
 

@@ -213,27 +213,6 @@ alignas(64) constexpr float kInversePreScale[64] = {
 
 // ---- scalar rules shared by the element-wise stages ------------------------
 
-// x rounded to the nearest integer, ties to even, and clamped to [lo, hi];
-// NaN gives 0.  Worked on the bits, so neither the rounding mode nor x87
-// precision can change it.  |lo|, |hi| < 2^17.
-inline int32_t roundFloatClamped(float x, int32_t lo, int32_t hi) {
-    uint32_t bits;
-    memcpy(&bits, &x, sizeof bits);
-    const uint32_t magnitude = bits & 0x7FFFFFFFu;
-    if (magnitude > 0x7F800000u) return 0;
-    const bool negative = (bits >> 31) != 0;
-    const int exponent = static_cast<int>(magnitude >> 23);
-    if (exponent >= 127 + 17) return negative ? lo : hi;
-    if (exponent < 126) return 0 < lo ? lo : (0 > hi ? hi : 0);
-    const uint32_t mantissa = (magnitude & 0x7FFFFFu) | 0x800000u;
-    const int shift = 150 - exponent;
-    uint32_t q = mantissa >> shift;
-    const uint32_t rest = mantissa & ((1u << shift) - 1), half = 1u << (shift - 1);
-    q += (rest > half || (rest == half && (q & 1))) ? 1 : 0;
-    const int32_t r = negative ? -static_cast<int32_t>(q) : static_cast<int32_t>(q);
-    return r < lo ? lo : (r > hi ? hi : r);
-}
-
 // p / 32768 rounded to nearest, ties to even, then saturated to 16 bits:
 // the quantisation of one coefficient, p = table entry times coefficient.
 inline Vek16s quantiseProduct(int32_t p) {

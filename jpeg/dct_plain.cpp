@@ -14,6 +14,7 @@
 #include <type_traits>
 
 #include "core/dispatch.h"
+#include "core/round_float.h"
 #include "core/plain_float.h"
 #include "jpeg/dct_checks.h"
 #include "jpeg/dct_exports.h"
@@ -137,8 +138,7 @@ void forwardFloatBlock(const Vek16u* src, int srcStep, Vek16s* dst, const Vek32f
         forwardFloat8(x);
         for (int k = 0; k < 8; ++k) {
             const int i = 8 * k + c;
-            dst[i] = static_cast<Vek16s>(
-                roundFloatClamped(mulF(mulF(x[k].f, kForwardPostScale[i]), table[i]), -32768, 32767));
+            dst[i] = static_cast<Vek16s>(roundFloat(mulF(mulF(x[k].f, kForwardPostScale[i]), table[i]), -32768, 32767));
         }
     }
 }
@@ -160,7 +160,7 @@ void inverseFloatBlock(const Vek16s* src, Vek16u* dst, int dstStep, const Vek32f
         FloatLane* x = block + 8 * r;
         inverseFloat8(x);
         Vek16u* row = jpeg::blockRow(dst, dstStep, r);
-        for (int k = 0; k < 8; ++k) row[k] = static_cast<Vek16u>(roundFloatClamped(addF(x[k].f, 2048.0f), 0, 4095));
+        for (int k = 0; k < 8; ++k) row[k] = static_cast<Vek16u>(roundFloat(addF(x[k].f, 2048.0f), 0, 4095));
     }
 }
 

@@ -337,7 +337,7 @@ inline __m128i roundedRow(FloatLane v, bool nearest, int32_t lo, int32_t hi) {
     alignas(32) float f[8];
     storeFloats(f, v);
     alignas(16) Vek16s r[8];
-    for (int k = 0; k < 8; ++k) r[k] = static_cast<Vek16s>(roundFloatClamped(f[k], lo, hi));
+    for (int k = 0; k < 8; ++k) r[k] = static_cast<Vek16s>(roundFloat(f[k], lo, hi));
     return load128i(r);
 }
 
