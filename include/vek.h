@@ -808,7 +808,185 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, V
  * JPEG: DCT, quantisation and level shift
  * 8x8 blocks transformed, quantised and level-shifted in both directions.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* A coefficient block is 64 Vek16s in natural (row-major) order, element 0
+ * the DC coefficient; blocks passed without a step are such contiguous
+ * blocks.  Sample blocks are 8 x 8 with a row step in bytes.  Coefficients
+ * are those of the T.81 DCT:
+ *   F(u,v) = 1/4 C(u) C(v) sum f(x,y) cos((2x+1)u pi/16) cos((2y+1)v pi/16).
+ *
+ * The integer transforms (8-bit path) use the Loeffler-Ligtenberg-Moschytz
+ * factorisation in 32-bit fixed point, two passes with 16-bit intermediates
+ * carrying 3 fractional bits.  Every sum is formed modulo 2^32 and every
+ * pass output is stored to 16 bits by truncation (two's-complement wrap, no
+ * saturation): inputs whose coefficients or intermediates leave the 16-bit
+ * range (possible for 16-bit inputs, not for 8-bit samples or coefficients
+ * of 8-bit data) give wrapped, meaningless but reproducible results, the
+ * same at every level.  "round" below means (sum + 2^(n-1)) >> n, shifts
+ * arithmetic.
+ *
+ * Forward, pass 1 over the rows, pass 2 over the columns, on x0..x7:
+ *   s07 = x0 + x7, d07 = x0 - x7 (and likewise s16, d16, s25, d25, s34, d34);
+ *   even: e0 = s07 + s34, e3 = s07 - s34, e1 = s16 + s25, e2 = s16 - s25;
+ *     X0 = e0 + e1, X4 = e0 - e1: times 8 in pass 1, round 6 in pass 2;
+ *     z = 17734 (e2 + e3); X2 = z + 25080 e3; X6 = z - 60547 e2;
+ *   odd: u = round12(46341 d16), v = round12(46341 d25) (sqrt 2, both
+ *     passes); g = 8 d07 + 8 d34, h = 8 d07 - 8 d34;
+ *     a = g + u, b' = g - u, b = h + v, a'' = v - h;
+ *     z = 3406 (a + b): X1 = z - 1130 b, X7 = z - 5681 a;
+ *     z = 799 (a'' + b'): X5 = z + 3218 b', X3 = z - 4816 a'';
+ *   X2, X6 and X1..X7 odd round 12 in pass 1, round 21 in pass 2.
+ * Against a double-precision DCT rounded half up, over random 8-bit
+ * samples: peak error 1, per-coefficient mean square error at most 0.03,
+ * overall mean error at most 0.005; coefficients of even row and even
+ * column are exact (a flat block of s gives DC 8 s and no AC).
+ * Inverse, pass 1 over the columns, pass 2 over the rows, the transpose of
+ * the forward flow with 15-bit constants:
+ *   even: z = 17734 (X2 + X6); t13 = z + 25080 X2; t12 = z - 60547 X6;
+ *     e0 = 32768 (X0 + X4), e1 = 32768 (X0 - X4);
+ *     E07 = e0 + t13, E34 = e0 - t13, E16 = e1 + t12, E25 = e1 - t12;
+ *   odd: z = 27246 (X1 + X7): a = z - 45451 X7, b = z - 9041 X1;
+ *     z = 6393 (X3 + X5): b' = z + 25746 X5, a'' = z - 38531 X3;
+ *     g = a + b', u = a - b', h = b - a'', v = b + a'';
+ *     O07 = g + h, O34 = g - h, O16 = 5793 round12(u), O25 = 5793 round12(v);
+ *   x0 = E07 + O07, x7 = E07 - O07, x1 = E16 + O16, x6 = E16 - O16, ...;
+ *   outputs round 12 in pass 1, round 21 in pass 2.
+ * It meets the IEEE 1180-1990 accuracy test; a DC-only block D gives
+ * floor((D + 4) / 8) everywhere.
+ *
+ * Checks of the stepped DCTs: pSrc or pDst null -> StatusNullPointer; the
+ * step < 1 -> StatusStep.  The fused functions with a step check the
+ * table after these (null -> StatusNullPointer); those without a step, and
+ * the quantisers, return StatusNullPointer for any null pointer.  Nothing
+ * is written on failure.  A block and its destination must not overlap,
+ * except in the _I (in place) forms. */
+VEK_API VekStatus VEK_CALL vekiDCT8x8Fwd_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDst);
+/* Samples 0..255 without level shift: a flat block of s gives DC 8 s. */
+VEK_API VekStatus VEK_CALL vekiDCT8x8Fwd_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst);
+/* The 16-bit results as they are (no clamp). */
+VEK_API VekStatus VEK_CALL vekiDCT8x8Inv_16s_C1R(const Vek16s* pSrc, Vek16s* pDst, int dstStep);
+/* Each result clamped to 0..255 (no level shift). */
+VEK_API VekStatus VEK_CALL vekiDCT8x8Inv_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep);
+/* v = result + addValue (in 32 bits); v < clipMin gives clipMin, else
+ * v > clipMax gives clipMax, else v.  With clipMin > clipMax a sample is
+ * clipMin where v is below clipMin and clipMax where it is not. */
+VEK_API VekStatus VEK_CALL vekiDCT8x8InvLSClip_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep, Vek16s addValue,
+                                                         Vek8u clipMin, Vek8u clipMax);
+
+/* Quality scaling of a raw table (64 bytes in zig-zag order, as in a DQT
+ * segment) in place.  quality < 50: scale = 5000 / quality, else scale =
+ * 200 - 2 quality (worked in 64 bits, so every int quality is accepted);
+ * each entry becomes t = (entry scale + 50) / 100 (truncating), clamped to
+ * 1..255.  Quality 50 keeps the table (a zero entry still becomes 1),
+ * quality 100 and above gives all ones.
+ * Checks: null table -> StatusNullPointer; quality < 1 -> StatusBadArgument. */
+VEK_API VekStatus VEK_CALL vekiQuantFwdRawTableInit_JPEG_8u(Vek8u* pQuantRawTable, int quality);
+/* The forward table: the raw table put in natural order (entry i of the
+ * result is raw entry zigzag[i]), each q replaced by 32768 / q rounded to
+ * nearest, halves to even, computed as Q = floor(2^31 / q),
+ * r = (Q + 32767 + 2 b) >> 16 with b bit 16 of Q (so an odd integer part
+ * with a fraction of exactly 32767/65536 also rounds up).  q = 1 gives
+ * 32768, q = 255 gives 129.  A zero q gives 65535; the whole table is
+ * filled and the function returns StatusDivisorZero (a warning).
+ * Checks: either pointer null -> StatusNullPointer. */
+VEK_API VekStatus VEK_CALL vekiQuantFwdTableInit_JPEG_8u16u(const Vek8u* pQuantRawTable, Vek16u* pQuantFwdTable);
+/* The inverse table: the raw table widened and put in natural order. */
+VEK_API VekStatus VEK_CALL vekiQuantInvTableInit_JPEG_8u16u(const Vek8u* pQuantRawTable, Vek16u* pQuantInvTable);
+/* Quantisation in place: p = table[i] (unsigned) * coef[i] in 32 bits;
+ * coef[i] = p / 32768 rounded to nearest, halves to even, saturated to
+ * -32768..32767. */
+VEK_API VekStatus VEK_CALL vekiQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantFwdTable);
+/* Dequantisation in place: coef[i] * table[i], the table read as signed
+ * 16-bit, saturated to -32768..32767. */
+VEK_API VekStatus VEK_CALL vekiQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantInvTable);
+/* Forward DCT of a contiguous block, then quantisation. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,
+                                                          const Vek16u* pQuantFwdTable);
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantFwdTable);
+/* sample - 128, forward DCT, quantisation: an encoder's block. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst,
+                                                               const Vek16u* pQuantFwdTable);
+/* The 12-bit path in single precision: sample - 2048.0, the
+ * Arai-Agui-Nakajima scaled DCT over the rows then the columns, each output
+ * times the post-scale 1 / (8 a_u a_v) (a_0 = 1, a_k = sqrt(2) cos(k pi/16):
+ * 0.125 at DC, 0.0901199803 at (0,1), 0.0956708565 at (0,2)), then times
+ * the table, then rounded to nearest, halves to even, saturated to 16 bits
+ * (NaN gives 0).  One 1-D pass, every operation a float operation in this
+ * order (no fused multiply-add):
+ *   t0 = x0 + x7, t7 = x0 - x7, t1 = x1 + x6, t6 = x1 - x6,
+ *   t2 = x2 + x5, t5 = x2 - x5, t3 = x3 + x4, t4 = x3 - x4;
+ *   t10 = t0 + t3, t13 = t0 - t3, t11 = t1 + t2, t12 = t1 - t2;
+ *   X0 = t10 + t11, X4 = t10 - t11, z1 = (t12 + t13) * 0.707106781,
+ *   X2 = t13 + z1, X6 = t13 - z1;
+ *   p10 = t4 + t5, p11 = t5 + t6, p12 = t6 + t7,
+ *   z5 = (p10 - p12) * 0.382683433, z2 = p10 * 0.541196100 + z5,
+ *   z4 = p12 * 1.306562965 + z5, z3 = p11 * 0.707106781,
+ *   z11 = t7 + z3, z13 = t7 - z3;
+ *   X5 = z13 + z2, X3 = z13 - z2, X1 = z11 + z4, X7 = z11 - z4;
+ *   result = ((X * post-scale) * table).
+ * The sums and products round in the caller's rounding mode (identical at
+ * every level in the default one); the final rounding ignores the mode. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R(const Vek16u* pSrc, int srcStep, Vek16s* pDst,
+                                                                const Vek32f* pQuantFwdTable);
+/* Dequantisation (saturated) into the destination, then the inverse DCT in
+ * place: 16-bit results, no shift, no clamp. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,
+                                                          const Vek16u* pQuantInvTable);
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantInvTable);
+/* Dequantisation, inverse DCT, + 128 and clamp to 0..255: a decoder's block. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                               const Vek16u* pQuantInvTable);
+/* The 12-bit path: (float(coef) * table) * pre-scale a_u a_v / 8 (0.125
+ * at DC, 0.173379987 at (0,1)), the Arai-Agui-Nakajima scaled inverse DCT
+ * over the columns then the rows, + 2048.0, rounded to nearest (halves to
+ * even; NaN gives 0) and clamped to 0..4095.  One 1-D pass, in order:
+ *   t10 = x0 + x4, t11 = x0 - x4, t13 = x2 + x6,
+ *   t12 = (x2 - x6) * 1.414213562 - t13;
+ *   e0 = t10 + t13, e3 = t10 - t13, e1 = t11 + t12, e2 = t11 - t12;
+ *   z13 = x5 + x3, z10 = x5 - x3, z11 = x1 + x7, z12 = x1 - x7;
+ *   o7 = z11 + z13, r11 = (z11 - z13) * 1.414213562,
+ *   z5 = (z10 + z12) * 1.847759065, r10 = z5 - z12 * 1.082392200,
+ *   r12 = z5 - z10 * 2.613125930, o6 = r12 - o7, o5 = r11 - o6, o4 = r10 - o5;
+ *   y0 = e0 + o7, y7 = e0 - o7, y1 = e1 + o6, y6 = e1 - o6,
+ *   y2 = e2 + o5, y5 = e2 - o5, y3 = e3 + o4, y4 = e3 - o4. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R(const Vek16s* pSrc, Vek16u* pDst, int dstStep,
+                                                                const Vek32f* pQuantInvTable);
+/* DC only: v = ((coef[0] * table[0]) >> 3) + 128 (table read as signed; the
+ * shift floors, no rounding term), clamped to 0..255, in all 64 samples. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_1x1_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                   const Vek16u* pQuantInvTable);
+/* The 8 x 8 block of the top-left 2 x 2 (4 x 4) coefficients, the others
+ * taken as zero: the same integer inverse DCT as
+ * vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R, so the output equals what that
+ * function gives for a block whose other coefficients are zero (IEEE 1180
+ * accuracy, rounded to integers before the + 128 and the clamp). */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_2x2_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                   const Vek16u* pQuantInvTable);
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_4x4_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                   const Vek16u* pQuantInvTable);
+/* Scaled-down decoding: each sample is the mean of a 4 x 4 group of the
+ * full inverse (factor 4), + 128, clamped to 0..255.  After dequantisation,
+ * pass 1 over columns 0, 1, 3, 5, 7: S = 59384 x1 - 20853 x3 + 13932 x5 -
+ * 11812 x7, top = (65536 x0 + S + 4096) >> 13, bottom = (65536 x0 - S +
+ * 4096) >> 13; pass 2 over the two rows, the same S of elements 1, 3, 5, 7:
+ * (65536 e0 +- S + 2^21) >> 22.  Intermediates are 16-bit as in the full
+ * inverse.  A DC-only block D gives floor((D + 4) / 8). */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                    const Vek16u* pQuantInvTable);
+/* Factor 2: each sample the mean of a 2 x 2 group.  Pass 1 over the
+ * columns: E = 32768 x0 +- (30274 x2 - 12540 x6), odd parts
+ * 41991 x1 + 14745 x3 - 9852 x5 - 8352 x7 and
+ * 17393 x1 - 35598 x3 + 23786 x5 - 3460 x7, outputs E0 + O0, E1 + O1,
+ * E1 - O1, E0 - O0 round 12; pass 2 over the 4 rows alike, round 21. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                    const Vek16u* pQuantInvTable);
+/* dst = clamp(src + 128, 0, 255) and dst = src - 128 over a region.
+ * Checks, in this order: pSrc null -> StatusNullPointer; srcStep < 1 ->
+ * StatusStep; pDst null -> StatusNullPointer; dstStep < 1 -> StatusStep;
+ * roiSize.width or height < 1 -> StatusSize. */
+VEK_API VekStatus VEK_CALL vekiAdd128_JPEG_16s8u_C1R(const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                     VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiSub128_JPEG_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep,
+                                                     VekiSize roiSize);
 
 /* ======================================================================
  * JPEG: lossless prediction and TIFF rows
