@@ -139,20 +139,24 @@ template <class V>
 inline V set16(int x) {
     if constexpr (sizeof(V) == 16) return broadcast128(Vek16s(x));
 #ifdef __AVX2__
-    else if constexpr (sizeof(V) == 32) return broadcast256(Vek16s(x));
+    else if constexpr (sizeof(V) == 32)
+        return broadcast256(Vek16s(x));
 #endif
 #ifdef __AVX512BW__
-    else return broadcast512(Vek16s(x));
+    else
+        return broadcast512(Vek16s(x));
 #endif
 }
 template <class V>
 inline V set32(int32_t x) {
     if constexpr (sizeof(V) == 16) return broadcast128(Vek32s(x));
 #ifdef __AVX2__
-    else if constexpr (sizeof(V) == 32) return broadcast256(Vek32s(x));
+    else if constexpr (sizeof(V) == 32)
+        return broadcast256(Vek32s(x));
 #endif
 #ifdef __AVX512BW__
-    else return broadcast512(Vek32s(x));
+    else
+        return broadcast512(Vek32s(x));
 #endif
 }
 // The 16-bit pair (even lane, odd lane) in every 32-bit lane: madd's factors.
@@ -165,10 +169,12 @@ template <class V>
 inline V loadV(const void* p) {
     if constexpr (sizeof(V) == 16) return load128i(p);
 #ifdef __AVX2__
-    else if constexpr (sizeof(V) == 32) return load256i(p);
+    else if constexpr (sizeof(V) == 32)
+        return load256i(p);
 #endif
 #ifdef __AVX512BW__
-    else return load512i(p);
+    else
+        return load512i(p);
 #endif
 }
 
@@ -178,10 +184,12 @@ inline V widenLoad(const Vek8u* p) {
     if constexpr (sizeof(V) == 16)
         return _mm_unpacklo_epi8(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)), _mm_setzero_si128());
 #ifdef __AVX2__
-    else if constexpr (sizeof(V) == 32) return _mm256_cvtepu8_epi16(load128i(p));
+    else if constexpr (sizeof(V) == 32)
+        return _mm256_cvtepu8_epi16(load128i(p));
 #endif
 #ifdef __AVX512BW__
-    else return _mm512_cvtepu8_epi16(load256i(p));
+    else
+        return _mm512_cvtepu8_epi16(load256i(p));
 #endif
 }
 
@@ -207,7 +215,8 @@ template <class V>
 inline V fromPieces(const __m128i* q) {
     if constexpr (sizeof(V) == 16) return q[0];
 #ifdef __AVX2__
-    else if constexpr (sizeof(V) == 32) return _mm256_set_m128i(q[1], q[0]);
+    else if constexpr (sizeof(V) == 32)
+        return _mm256_set_m128i(q[1], q[0]);
 #endif
 #ifdef __AVX512BW__
     else {

@@ -174,11 +174,18 @@ inline void writePiece(Interleaved3<Ro, Go, Bo>, Vek8u* p, Lanes<__m128i> v) {
 #ifdef __SSSE3__
     const __m128i rg = _mm_packus_epi16(v.a, v.b), bb = _mm_packus_epi16(v.c, v.c);
     store(p, _mm_or_si128(shuffleBy<Scatter<Ro, Go, Bo, 0, true>>(rg), shuffleBy<Scatter<Ro, Go, Bo, 0, false>>(bb)));
-    storeLow64(p + 16,
-               _mm_or_si128(shuffleBy<Scatter<Ro, Go, Bo, 16, true>>(rg), shuffleBy<Scatter<Ro, Go, Bo, 16, false>>(bb)));
+    storeLow64(p + 16, _mm_or_si128(shuffleBy<Scatter<Ro, Go, Bo, 16, true>>(rg),
+                                    shuffleBy<Scatter<Ro, Go, Bo, 16, false>>(bb)));
 #else
-    const __m128i ch[3] = {Ro == 0 ? v.a : Go == 0 ? v.b : v.c, Ro == 1 ? v.a : Go == 1 ? v.b : v.c,
-                           Ro == 2 ? v.a : Go == 2 ? v.b : v.c};
+    const __m128i ch[3] = {Ro == 0   ? v.a
+                           : Go == 0 ? v.b
+                                     : v.c,
+                           Ro == 1   ? v.a
+                           : Go == 1 ? v.b
+                                     : v.c,
+                           Ro == 2   ? v.a
+                           : Go == 2 ? v.b
+                                     : v.c};
     const __m128i low = _mm_or_si128(ch[0], _mm_slli_epi16(ch[1], 8));
     const __m128i q0 = pack4to3(_mm_unpacklo_epi16(low, ch[2])), q1 = pack4to3(_mm_unpackhi_epi16(low, ch[2]));
     store(p, _mm_or_si128(q0, _mm_slli_si128(q1, 12)));

@@ -57,7 +57,7 @@ void forwardMcu(const Vek8u* src, int step, Vek16s* const* dst) {
     }
     for (int r = 0; r < 8; ++r)
         for (int c = 0; c < 8; ++c) {
-            auto average = [&](int (&plane)[16][16]) {
+            auto average = [&](int(&plane)[16][16]) {
                 if constexpr (H == 1) return plane[r][c];
                 const int pair = plane[Vs * r][2 * c] + plane[Vs * r][2 * c + 1];
                 if constexpr (Vs == 1) return (pair + (c & 1)) >> 1;
