@@ -932,7 +932,8 @@ VEK_API VekStatus VEK_CALL vekiYCbCr422ToRGB_JPEG_8u_C2C3R(const Vek8u* pSrc, in
  *     sums cs[i] = 3 near[i] + far[i],
  *     out[2i] = (3 cs[i] + cs[i-1] + 8) >> 4, out[2i+1] = (3 cs[i] + cs[i+1] + 7) >> 4.
  * These are the results of libjpeg-turbo's "fancy" upsampling, bias for
- * bias.  vekiSampleUpRowH2V2Smooth_JPEG_8u_C1 makes one output row from the
+ * bias, including its one exception: a subsampled width of 1 or 2 is
+ * upsampled plainly (repeated), in both directions.  vekiSampleUpRowH2V2Smooth_JPEG_8u_C1 makes one output row from the
  * nearer and the farther input row (pass the nearer row twice at the top and
  * bottom edges), for decoders that keep only a few chroma rows: checks a
  * null pointer (StatusNullPointer), then srcWidth or dstWidth below 1 or

@@ -12,7 +12,9 @@
 //   out[2i] = (3 in[i] + in[i-1] + 1) >> 2,  out[2i+1] = (3 in[i] + in[i+1] + 2) >> 2
 // and for H2V2 first vertically, into column sums cs = 3 near + far, then
 //   out[2i] = (3 cs[i] + cs[i-1] + 8) >> 4,  out[2i+1] = (3 cs[i] + cs[i+1] + 7) >> 4.
-// The biases alternate between the two outputs of a sample.
+// The biases alternate between the two outputs of a sample.  As in
+// libjpeg-turbo, a subsampled row of one or two samples is repeated (the
+// plain upsampling) instead of filtered.
 //
 // Edges are replicated: a sample outside the image is the nearest edge
 // sample (an odd full-resolution width or height pairs the last sample with
@@ -75,13 +77,17 @@ inline void downH2V2Row(const Vek8u* in0, const Vek8u* in1, int inWidth, Vek8u* 
 inline void upRow(const Vek8u* in, int inWidth, Vek8u* out, int outWidth) {
     for (int x = upBlocks(LevelVector(), in, inWidth, out, outWidth); x < outWidth; ++x) out[x] = in[x >> 1];
 }
-// The smooth rows write outputs 0 and 1 first, then the blocks, then the rest.
+// The smooth rows write outputs 0 and 1 first, then the blocks, then the
+// rest.  A row of one or two samples is repeated instead, as libjpeg-turbo
+// does (so a decoder built on these gives its pixels).
 inline void smoothH2V1Row(const Vek8u* in, int inWidth, Vek8u* out, int outWidth) {
+    if (inWidth <= 2) return upRow(in, inWidth, out, outWidth);
     for (int x = 0; x < 2 && x < outWidth; ++x) out[x] = smoothH2V1At(in, inWidth, x);
     for (int x = smoothH2V1Blocks(LevelVector(), in, inWidth, out, outWidth); x < outWidth; ++x)
         out[x] = smoothH2V1At(in, inWidth, x);
 }
 inline void smoothH2V2Row(const Vek8u* near, const Vek8u* far, int inWidth, Vek8u* out, int outWidth) {
+    if (inWidth <= 2) return upRow(near, inWidth, out, outWidth);
     for (int x = 0; x < 2 && x < outWidth; ++x) out[x] = smoothH2V2At(near, far, inWidth, x);
     for (int x = smoothH2V2Blocks(LevelVector(), near, far, inWidth, out, outWidth); x < outWidth; ++x)
         out[x] = smoothH2V2At(near, far, inWidth, x);

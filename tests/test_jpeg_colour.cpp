@@ -9,6 +9,13 @@
 
 #include "image_harness.h"
 
+#ifdef VEK_HAVE_LIBJPEG
+#    include <stdio.h>
+#    include <stdlib.h>
+
+#    include <jpeglib.h>
+#endif
+
 namespace vektest {
 namespace {
 
@@ -467,11 +474,16 @@ Plane downReference(const Plane& in, bool halveRows) {
     return out;
 }
 // 3/4 of the nearer sample and 1/4 of the farther in each direction; the
-// rounding bias alternates between the two outputs of a sample.
+// rounding bias alternates between the two outputs of a sample.  Rows of
+// one or two samples are repeated.
 Plane smoothReference(const Plane& in, int w, int h, bool halveRows) {
     Plane out{w, h, {}};
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x) {
+            if (in.w <= 2) {
+                out.v.push_back(Vek8u(in.at(x / 2, halveRows ? y / 2 : y)));
+                continue;
+            }
             const int i = x / 2, dx = x % 2 ? 1 : -1;
             if (!halveRows) {
                 out.v.push_back(Vek8u((3 * in.at(i, y) + in.at(i + dx, y) + 1 + x % 2) / 4));
@@ -608,6 +620,195 @@ TEST(JpegColour, McuRoundTripIsCloseToTheSource) {
     const Vek16s* src[3] = {luma.data(), cb.data(), cr.data()};
     ASSERT_EQ(vekTable_vekiJoin422LS_MCU_16s8u_P3C2R[0](src, back.data(), 32), StatusOk);
     EXPECT_EQ(back, yuyv);
+}
+
+// ---- libjpeg-turbo, the client of the decoder side ------------------------------------------
+#ifdef VEK_HAVE_LIBJPEG
+
+// A JPEG of the image with luma sampled hSamp x vSamp times the chroma.
+std::vector<unsigned char> compressJpeg(const std::vector<Vek8u>& rgb, int w, int h, int hSamp, int vSamp) {
+    jpeg_compress_struct c;
+    jpeg_error_mgr err;
+    c.err = jpeg_std_error(&err);
+    jpeg_create_compress(&c);
+    unsigned char* buffer = nullptr;
+    unsigned long size = 0;
+    jpeg_mem_dest(&c, &buffer, &size);
+    c.image_width = JDIMENSION(w), c.image_height = JDIMENSION(h), c.input_components = 3, c.in_color_space = JCS_RGB;
+    jpeg_set_defaults(&c);
+    jpeg_set_quality(&c, 90, TRUE);
+    c.comp_info[0].h_samp_factor = hSamp, c.comp_info[0].v_samp_factor = vSamp;
+    jpeg_start_compress(&c, TRUE);
+    while (c.next_scanline < c.image_height) {
+        JSAMPROW row = const_cast<JSAMPROW>(&rgb[size_t(c.next_scanline) * 3 * w]);
+        jpeg_write_scanlines(&c, &row, 1);
+    }
+    jpeg_finish_compress(&c);
+    jpeg_destroy_compress(&c);
+    std::vector<unsigned char> jpeg(buffer, buffer + size);
+    free(buffer);
+    return jpeg;
+}
+
+struct Decoded {
+    std::vector<Vek8u> rgb;                  // libjpeg-turbo's pixels, smooth upsampling
+    std::vector<std::vector<Vek8u>> planes;  // its Y, Cb, Cr before upsampling
+    std::vector<VekiSize> sizes;             // of each plane
+    std::vector<int> steps;
+};
+Decoded decompressJpeg(const std::vector<unsigned char>& jpeg) {
+    Decoded out;
+    jpeg_decompress_struct d;
+    jpeg_error_mgr err;
+    d.err = jpeg_std_error(&err);
+    for (const bool raw : {false, true}) {
+        jpeg_create_decompress(&d);
+        jpeg_mem_src(&d, jpeg.data(), static_cast<unsigned long>(jpeg.size()));
+        jpeg_read_header(&d, TRUE);
+        d.raw_data_out = raw ? TRUE : FALSE;
+        d.out_color_space = raw ? JCS_YCbCr : JCS_RGB;
+        d.do_fancy_upsampling = TRUE;
+        jpeg_start_decompress(&d);
+        if (!raw) {
+            out.rgb.resize(size_t(3) * d.output_width * d.output_height);
+            while (d.output_scanline < d.output_height) {
+                JSAMPROW row = &out.rgb[size_t(d.output_scanline) * 3 * d.output_width];
+                jpeg_read_scanlines(&d, &row, 1);
+            }
+        } else {
+            const int rowsPerCall = d.max_v_samp_factor * DCTSIZE;
+            for (int c = 0; c < 3; ++c) {
+                const jpeg_component_info& info = d.comp_info[c];
+                out.steps.push_back(int(info.width_in_blocks) * DCTSIZE);
+                out.sizes.push_back({int(info.downsampled_width), int(info.downsampled_height)});
+                const int rows = int((info.downsampled_height + info.v_samp_factor * DCTSIZE - 1) /
+                                     (info.v_samp_factor * DCTSIZE) * info.v_samp_factor * DCTSIZE);
+                out.planes.emplace_back(size_t(out.steps[c]) * (rows + rowsPerCall));
+            }
+            while (d.output_scanline < d.output_height) {
+                std::vector<JSAMPROW> rows[3];
+                for (int c = 0; c < 3; ++c) {
+                    const int v = d.comp_info[c].v_samp_factor * DCTSIZE;
+                    const int first = int(d.output_scanline) / d.max_v_samp_factor * d.comp_info[c].v_samp_factor;
+                    for (int r = 0; r < v; ++r) rows[c].push_back(&out.planes[c][size_t(first + r) * out.steps[c]]);
+                }
+                JSAMPARRAY image[3] = {rows[0].data(), rows[1].data(), rows[2].data()};
+                jpeg_read_raw_data(&d, image, JDIMENSION(rowsPerCall));
+            }
+        }
+        jpeg_finish_decompress(&d);
+        jpeg_destroy_decompress(&d);
+    }
+    return out;
+}
+
+// libjpeg-turbo's planes, upsampled by the smooth filter and converted by
+// the fixed inverse, give libjpeg-turbo's own pixels exactly: its "fancy"
+// upsampling and its tables are the family's.
+TEST(JpegColour, SmoothUpsamplingAndInverseReproduceLibjpegTurbo) {
+    const VekiSize sizes[] = {{37, 29}, {64, 48}, {3, 5}, {5, 3}, {6, 6}, {17, 1}, {1, 17}, {130, 35}};
+    for (const VekiSize size : sizes)
+        for (const int vSamp : {1, 2}) {
+            SCOPED_TRACE(std::to_string(size.width) + "x" + std::to_string(size.height) + " v" + std::to_string(vSamp));
+            // A smooth image with noise: chroma that varies, but not only noise.
+            std::vector<Vek8u> rgb(size_t(3) * size.width * size.height);
+            for (int y = 0; y < size.height; ++y)
+                for (int x = 0; x < size.width; ++x)
+                    for (int c = 0; c < 3; ++c)
+                        rgb[3 * (size_t(y) * size.width + x) + c] =
+                            Vek8u((x * (3 + c) + y * (7 - 2 * c)) * 4 + rng()() % 24);
+            const Decoded d = decompressJpeg(compressJpeg(rgb, size.width, size.height, 2, vSamp));
+            const int n = size.width * size.height;
+            std::vector<Vek8u> full(size_t(3) * n);
+            for (int y = 0; y < size.height; ++y)
+                std::copy_n(&d.planes[0][size_t(y) * d.steps[0]], size.width, &full[size_t(y) * size.width]);
+            const auto up = vSamp == 2 ? vekTable_vekiSampleUpH2V2Smooth_JPEG_8u_C1R[0]
+                                       : vekTable_vekiSampleUpH2V1Smooth_JPEG_8u_C1R[0];
+            for (int c = 1; c < 3; ++c)
+                ASSERT_EQ(up(d.planes[c].data(), d.steps[c], d.sizes[c], &full[size_t(c) * n], size.width, size),
+                          StatusOk);
+            const Vek8u* planes[3] = {full.data(), full.data() + n, full.data() + 2 * n};
+            std::vector<Vek8u> ours(full.size());
+            ASSERT_EQ(vekTable_vekiYCbCrToRGB_JPEG_8u_P3C3R[0](planes, size.width, ours.data(), 3 * size.width, size),
+                      StatusOk);
+            for (size_t i = 0; i < ours.size(); ++i)
+                ASSERT_EQ(+ours[i], +d.rgb[i]) << "pixel " << i / 3 << " channel " << i % 3;
+        }
+}
+
+#endif
+
+// ---- the rules at entry, on every level ---------------------------------------------------------
+// Pointers (plane pointers included), then steps, then sizes; nothing is
+// written on failure.  The buffers hold a 2 x 2 region of any member.
+
+TEST(JpegColourEntry, PointersThenStepsThenSizesAndNothingWritten) {
+    onEveryLevel([](int level) {
+        Vek8u src[64] = {}, a[64], b[64], c[64], d[64];
+        Vek16s block[256];
+        auto untouched = [&] {
+            for (const Vek8u* p : {a, b, c, d})
+                for (int i = 0; i < 64; ++i)
+                    if (p[i] != kGuard) return false;
+            for (Vek16s v : block)
+                if (v != 0x5A5A) return false;
+            return true;
+        };
+        memset(a, kGuard, 64), memset(b, kGuard, 64), memset(c, kGuard, 64), memset(d, kGuard, 64);
+        for (Vek16s& v : block) v = 0x5A5A;
+        Vek8u* planes[4] = {a, b, c, d};
+        Vek8u* withNull[3] = {a, nullptr, c};
+        const Vek8u* in[4] = {src, src, src, src};
+        const Vek8u* inNull[3] = {src, src, nullptr};
+        const VekiSize two{2, 2};
+
+        const auto toPlanes = vekTable_vekiRGBToYCbCr_JPEG_8u_C3P3R[level];
+        EXPECT_EQ(toPlanes(nullptr, 6, planes, 2, two), StatusNullPointer);
+        EXPECT_EQ(toPlanes(src, 6, nullptr, 2, two), StatusNullPointer);
+        EXPECT_EQ(toPlanes(src, 6, withNull, 2, two), StatusNullPointer);
+        EXPECT_EQ(toPlanes(src, 0, withNull, 0, {0, 0}), StatusNullPointer);  // pointers first
+        EXPECT_EQ(toPlanes(src, 0, planes, 2, {0, 2}), StatusStep);           // steps before sizes
+        EXPECT_EQ(toPlanes(src, 6, planes, -2, two), StatusStep);
+        EXPECT_EQ(toPlanes(src, 6, planes, 2, {2, 0}), StatusSize);
+        const auto fromPlanes = vekTable_vekiYCbCrToRGB_JPEG_8u_P3C3R[level];
+        EXPECT_EQ(fromPlanes(inNull, 2, a, 6, two), StatusNullPointer);
+        EXPECT_EQ(fromPlanes(nullptr, 2, a, 6, two), StatusNullPointer);
+        EXPECT_EQ(fromPlanes(in, 2, nullptr, 6, two), StatusNullPointer);
+        EXPECT_EQ(fromPlanes(in, 2, a, 0, {-1, 2}), StatusStep);
+        EXPECT_EQ(fromPlanes(in, 2, a, 6, {0, 2}), StatusSize);
+        // The other shapes follow the same order.
+        EXPECT_EQ(vekTable_vekiYCCKToCMYK_JPEG_8u_P4C4R[level](in, 0, a, 8, two), StatusStep);
+        EXPECT_EQ(vekTable_vekiCMYKToYCCK_JPEG_8u_C4P4R[level](src, 8, withNull, 2, two), StatusNullPointer);
+        EXPECT_EQ(vekTable_vekiRGBToYCbCr_JPEG_8u_P3R[level](in, 2, planes, 0, {0, 0}), StatusStep);
+        EXPECT_EQ(vekTable_vekiRGBToY_JPEG_8u_C3C1R[level](src, 6, a, 2, {2, -3}), StatusSize);
+        EXPECT_EQ(vekTable_vekiYCbCr422ToRGB_JPEG_8u_C2C3R[level](src, 4, nullptr, 6, two), StatusNullPointer);
+
+        // Sampling: then the two regions must fit each other.
+        const auto down = vekTable_vekiSampleDownH2V2_JPEG_8u_C1R[level];
+        EXPECT_EQ(down(nullptr, 4, {4, 4}, a, 2, two), StatusNullPointer);
+        EXPECT_EQ(down(src, 4, {0, 4}, a, 0, two), StatusStep);
+        EXPECT_EQ(down(src, 4, {0, 4}, a, 2, two), StatusSize);
+        EXPECT_EQ(down(src, 4, {4, 4}, a, 2, {2, 1}), StatusSize);
+        EXPECT_EQ(down(src, 4, {5, 3}, a, 2, {2, 2}), StatusSize);  // 5 needs 3 columns
+        const auto up = vekTable_vekiSampleUpH2V1Smooth_JPEG_8u_C1R[level];
+        EXPECT_EQ(up(src, 2, two, a, 4, {3, 1}), StatusSize);  // H2V1 keeps the height
+        EXPECT_EQ(up(src, 2, two, a, 4, {5, 2}), StatusSize);
+        const auto row = vekTable_vekiSampleUpRowH2V2Smooth_JPEG_8u_C1[level];
+        EXPECT_EQ(row(src, nullptr, 2, a, 4), StatusNullPointer);
+        EXPECT_EQ(row(src, src, 0, a, 0), StatusSize);
+        EXPECT_EQ(row(src, src, 2, a, 5), StatusSize);
+
+        // One MCU: pointers, then the step.
+        Vek16s* blocks[3] = {block, block + 128, block + 192};
+        Vek16s* blocksNull[3] = {block, nullptr, block + 192};
+        const Vek16s* source[3] = {block, block, block};
+        EXPECT_EQ(vekTable_vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R[level](src, 48, blocksNull), StatusNullPointer);
+        EXPECT_EQ(vekTable_vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R[level](src, 0, blocks), StatusStep);
+        EXPECT_EQ(vekTable_vekiSplit422LS_MCU_8u16s_C2P3R[level](nullptr, 32, blocks), StatusNullPointer);
+        EXPECT_EQ(vekTable_vekiYCbCr444ToRGBLS_MCU_16s8u_P3C3R[level](source, a, -24), StatusStep);
+        EXPECT_EQ(vekTable_vekiJoin422LS_MCU_16s8u_P3C2R[level](nullptr, a, 32), StatusNullPointer);
+        EXPECT_TRUE(untouched());
+    });
 }
 
 }  // namespace
