@@ -261,13 +261,14 @@ VEK_EXPORT(vekiSampleUpH2V2_JPEG_8u_C1R,         plain, plain, sse2,  sse2,  sse
 VEK_EXPORT(vekiSampleUpH2V1Smooth_JPEG_8u_C1R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep, VekiSize dstRoi))
 VEK_EXPORT(vekiSampleUpH2V2Smooth_JPEG_8u_C1R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep, VekiSize dstRoi))
 VEK_EXPORT(vekiSampleUpRowH2V2Smooth_JPEG_8u_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcNear, const Vek8u* pSrcFar, int srcWidth, Vek8u* pDst, int dstWidth))
-// One MCU: rows of 8 or 16 pixels in 128-bit vectors (pshufb from SSSE3); wider vectors gain nothing.
-VEK_EXPORT(vekiRGBToYCbCr444LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
-VEK_EXPORT(vekiRGBToYCbCr422LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
-VEK_EXPORT(vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
-VEK_EXPORT(vekiYCbCr444ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
-VEK_EXPORT(vekiYCbCr422ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
-VEK_EXPORT(vekiYCbCr411ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
+// One MCU: a row of 8 pixels a 128-bit lane (pshufb from SSSE3), 2 and 4 rows a vector with AVX2 and AVX-512.
+// The YUYV split and join are loads, masks and packs of SSE2; wider vectors gain nothing.
+VEK_EXPORT(vekiRGBToYCbCr444LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
+VEK_EXPORT(vekiRGBToYCbCr422LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
+VEK_EXPORT(vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
+VEK_EXPORT(vekiYCbCr444ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
+VEK_EXPORT(vekiYCbCr422ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
+VEK_EXPORT(vekiYCbCr411ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
 VEK_EXPORT(vekiSplit422LS_MCU_8u16s_C2P3R,       plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
 VEK_EXPORT(vekiJoin422LS_MCU_16s8u_P3C2R,        plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
 

@@ -34,6 +34,10 @@ inline __m128i unpackhi16(__m128i a, __m128i b) { return _mm_unpackhi_epi16(a, b
 inline __m128i madd(__m128i a, __m128i b) { return _mm_madd_epi16(a, b); }
 inline __m128i add32(__m128i a, __m128i b) { return _mm_add_epi32(a, b); }
 inline __m128i packs32(__m128i a, __m128i b) { return _mm_packs_epi32(a, b); }
+inline __m128i packus16(__m128i a, __m128i b) { return _mm_packus_epi16(a, b); }
+#ifdef __SSSE3__
+inline __m128i shuffleBytes(__m128i v, const Vek8s* control) { return _mm_shuffle_epi8(v, load128i(control)); }
+#endif
 template <int N>
 inline __m128i slli16(__m128i a) {
     return _mm_slli_epi16(a, N);
@@ -71,6 +75,14 @@ inline __m256i unpackhi16(__m256i a, __m256i b) { return _mm256_unpackhi_epi16(a
 inline __m256i madd(__m256i a, __m256i b) { return _mm256_madd_epi16(a, b); }
 inline __m256i add32(__m256i a, __m256i b) { return _mm256_add_epi32(a, b); }
 inline __m256i packs32(__m256i a, __m256i b) { return _mm256_packs_epi32(a, b); }
+inline __m256i packus16(__m256i a, __m256i b) { return _mm256_packus_epi16(a, b); }
+// pshufb in each 128-bit lane by the same 16 control bytes.
+inline __m256i shuffleBytes(__m256i v, const Vek8s* control) {
+    return _mm256_shuffle_epi8(v, _mm256_broadcastsi128_si256(load128i(control)));
+}
+// The two 128-bit lanes swapped; the low lanes of a and b.
+inline __m256i swapLanePairs(__m256i v) { return _mm256_permute2x128_si256(v, v, 0x01); }
+inline __m256i evenLanes(__m256i a, __m256i b) { return _mm256_permute2x128_si256(a, b, 0x20); }
 template <int N>
 inline __m256i slli16(__m256i a) {
     return _mm256_slli_epi16(a, N);
@@ -112,6 +124,17 @@ inline __m512i unpackhi16(__m512i a, __m512i b) { return _mm512_unpackhi_epi16(a
 inline __m512i madd(__m512i a, __m512i b) { return _mm512_madd_epi16(a, b); }
 inline __m512i add32(__m512i a, __m512i b) { return _mm512_add_epi32(a, b); }
 inline __m512i packs32(__m512i a, __m512i b) { return _mm512_packs_epi32(a, b); }
+inline __m512i packus16(__m512i a, __m512i b) { return _mm512_packus_epi16(a, b); }
+inline __m512i shuffleBytes(__m512i v, const Vek8s* control) {
+    return _mm512_shuffle_epi8(v, _mm512_maskz_broadcast_i32x4(__mmask16(-1), load128i(control)));
+}
+// 128-bit lanes 0 <-> 1 and 2 <-> 3; lanes 0 and 2 of a, then of b.
+inline __m512i swapLanePairs(__m512i v) {
+    return _mm512_maskz_shuffle_i32x4(__mmask16(-1), v, v, _MM_SHUFFLE(2, 3, 0, 1));
+}
+inline __m512i evenLanes(__m512i a, __m512i b) {
+    return _mm512_maskz_shuffle_i32x4(__mmask16(-1), a, b, _MM_SHUFFLE(2, 0, 2, 0));
+}
 template <int N>
 inline __m512i slli16(__m512i a) {
     return _mm512_maskz_slli_epi16(__mmask32(-1), a, N);

@@ -96,7 +96,6 @@ inline __m128i byteOf32(__m128i d0, __m128i d1) {
                            _mm_and_si128(_mm_srli_epi32(d1, 8 * Offset), low));
 }
 
-#ifdef __SSSE3__
 // pshufb controls: Gather<Offset, Base> puts byte 3k + Offset of a 24-byte
 // group, if it lies in the 16 bytes from Base, in 16-bit lane k.
 template <int Offset, int Base>
@@ -131,6 +130,7 @@ struct Scatter {
     }
     static constexpr std::array<Vek8s, 16> bytes = make();
 };
+#ifdef __SSSE3__
 template <class Control>
 inline __m128i shuffleBy(__m128i v) {
     return _mm_shuffle_epi8(v, load128i(Control::bytes.data()));
@@ -217,18 +217,66 @@ inline Lanes<__m128i> readPiece(YUYV, const Vek8u* p) {
 
 // ---- blocks of kLanes16<V> pixels in any layout -------------------------------------
 
+// A vector's pieces from (to) 8-pixel pieces anywhere (at[i]: piece i's
+// first pixel).  Three interleaved channels go through whole vectors: the
+// 16 bytes and the 8 bytes after them of every piece side by side, one
+// pshufb per channel and source, the same controls in every 128-bit lane.
+template <class V, int Ro, int Go, int Bo>
+inline Lanes<V> readPieces(Interleaved3<Ro, Go, Bo> layout, const Vek8u* const* at) {
+    if constexpr (kPieces<V> == 1) {
+        return readPiece(layout, at[0]);
+    } else {
+        __m128i lo[kPieces<V>], hi[kPieces<V>];
+        for (int i = 0; i < kPieces<V>; ++i) lo[i] = load128i(at[i]), hi[i] = loadLow64(at[i] + 16);
+        const V a = fromPieces<V>(lo), b = fromPieces<V>(hi);
+        auto channel = [&](auto fromLo, auto fromHi) {
+            return orV(shuffleBytes(a, decltype(fromLo)::bytes.data()),
+                       shuffleBytes(b, decltype(fromHi)::bytes.data()));
+        };
+        return {channel(Gather<Ro, 0>{}, Gather<Ro, 16>{}), channel(Gather<Go, 0>{}, Gather<Go, 16>{}),
+                channel(Gather<Bo, 0>{}, Gather<Bo, 16>{}), V()};
+    }
+}
+template <class V, int Ro, int Go, int Bo>
+inline void writePieces(Interleaved3<Ro, Go, Bo> layout, Vek8u* const* at, Lanes<V> v) {
+    if constexpr (kPieces<V> == 1) {
+        writePiece(layout, at[0], v);
+    } else {
+        const V rg = packus16(v.a, v.b), bb = packus16(v.c, v.c);
+        const V first = orV(shuffleBytes(rg, Scatter<Ro, Go, Bo, 0, true>::bytes.data()),
+                            shuffleBytes(bb, Scatter<Ro, Go, Bo, 0, false>::bytes.data()));
+        const V last = orV(shuffleBytes(rg, Scatter<Ro, Go, Bo, 16, true>::bytes.data()),
+                           shuffleBytes(bb, Scatter<Ro, Go, Bo, 16, false>::bytes.data()));
+        __m128i q0[kPieces<V>], q1[kPieces<V>];
+        toPieces(first, q0), toPieces(last, q1);
+        for (int i = 0; i < kPieces<V>; ++i) store(at[i], q0[i]), storeLow64(at[i] + 16, q1[i]);
+    }
+}
+template <class V, class L>
+inline Lanes<V> readPieces(L layout, const typename L::Sample* const* at) {
+    __m128i q[4][kPieces<V>];
+    for (int i = 0; i < kPieces<V>; ++i) {
+        const Lanes<__m128i> piece = readPiece(layout, at[i]);
+        q[0][i] = piece.a, q[1][i] = piece.b, q[2][i] = piece.c, q[3][i] = piece.k;
+    }
+    return {fromPieces<V>(q[0]), fromPieces<V>(q[1]), fromPieces<V>(q[2]), fromPieces<V>(q[3])};
+}
+template <class V, class L>
+inline void writePieces(L layout, typename L::Sample* const* at, Lanes<V> v) {
+    __m128i q[4][kPieces<V>];
+    toPieces(v.a, q[0]), toPieces(v.b, q[1]), toPieces(v.c, q[2]), toPieces(v.k, q[3]);
+    for (int i = 0; i < kPieces<V>; ++i) writePiece(layout, at[i], Lanes<__m128i>{q[0][i], q[1][i], q[2][i], q[3][i]});
+}
+
 template <class L>
 constexpr bool kPieceLayout = !std::is_same_v<typename L::Sample, Vek16u> && L::kPlanes == 1 && L::kChannels > 1;
 
 template <class V, class L>
 inline Lanes<V> readBlock(L layout, const typename L::Sample* const* s, int x) {
     if constexpr (kPieceLayout<L>) {
-        __m128i q[4][4];
-        for (int i = 0; i < kPieces<V>; ++i) {
-            const Lanes<__m128i> piece = readPiece(layout, s[0] + L::kChannels * (x + 8 * i));
-            q[0][i] = piece.a, q[1][i] = piece.b, q[2][i] = piece.c, q[3][i] = piece.k;
-        }
-        return {fromPieces<V>(q[0]), fromPieces<V>(q[1]), fromPieces<V>(q[2]), fromPieces<V>(q[3])};
+        const typename L::Sample* at[kPieces<V>];
+        for (int i = 0; i < kPieces<V>; ++i) at[i] = s[0] + L::kChannels * (x + 8 * i);
+        return readPieces<V>(layout, at);
     } else if constexpr (std::is_same_v<typename L::Sample, Vek16u>) {
         const V w = loadV<V>(s[0] + x), five = set16<V>(31);
         constexpr int G = L::kRedShift - 5;
@@ -247,11 +295,9 @@ inline Lanes<V> readBlock(L layout, const typename L::Sample* const* s, int x) {
 template <class V, class L>
 inline void writeBlock(L layout, typename L::Sample* const* d, int x, Lanes<V> v) {
     if constexpr (kPieceLayout<L>) {
-        __m128i q[4][4];
-        toPieces(v.a, q[0]), toPieces(v.b, q[1]), toPieces(v.c, q[2]);
-        if constexpr (L::kChannels == 4) toPieces(v.k, q[3]);
-        for (int i = 0; i < kPieces<V>; ++i)
-            writePiece(layout, d[0] + L::kChannels * (x + 8 * i), Lanes<__m128i>{q[0][i], q[1][i], q[2][i], q[3][i]});
+        typename L::Sample* at[kPieces<V>];
+        for (int i = 0; i < kPieces<V>; ++i) at[i] = d[0] + L::kChannels * (x + 8 * i);
+        writePieces<V>(layout, at, v);
     } else if constexpr (std::is_same_v<typename L::Sample, Vek16u>) {
         constexpr int G = L::kRedShift - 5;
         const V w = orV(orV(slli16<L::kRedShift>(srli16<3>(v.a)), slli16<5>(srli16<8 - G>(v.b))), srli16<3>(v.c));
