@@ -933,10 +933,13 @@ VEK_API VekStatus VEK_CALL vekiYCbCr422ToRGB_JPEG_8u_C2C3R(const Vek8u* pSrc, in
  *     out[2i] = (3 cs[i] + cs[i-1] + 8) >> 4, out[2i+1] = (3 cs[i] + cs[i+1] + 7) >> 4.
  * These are the results of libjpeg-turbo's "fancy" upsampling, bias for
  * bias, including its one exception: a subsampled width of 1 or 2 is
- * upsampled plainly (repeated), in both directions.  vekiSampleUpRowH2V2Smooth_JPEG_8u_C1 makes one output row from the
- * nearer and the farther input row (pass the nearer row twice at the top and
- * bottom edges), for decoders that keep only a few chroma rows: checks a
- * null pointer (StatusNullPointer), then srcWidth or dstWidth below 1 or
+ * upsampled plainly (repeated), in both directions.
+ * vekiSampleUpRowH2V2Smooth_JPEG_8u_C1 makes one output row of H2V2 from its
+ * nearer and farther input rows (at the top and bottom edges the farther row
+ * is the nearer one), for decoders that keep only a few chroma rows: a
+ * decoder working MCU row by MCU row calls it for each output row once the
+ * chroma row below is decoded.  Checks: a null pointer (StatusNullPointer),
+ * then srcWidth or dstWidth below 1 or
  * srcWidth other than (dstWidth + 1) / 2 (StatusSize). */
 VEK_API VekStatus VEK_CALL vekiSampleDownH2V1_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
                                                           int dstStep, VekiSize dstRoi);

@@ -41,19 +41,14 @@
     }
 
 // ---- sampling ----------------------------------------------------------------------
-#define VEK_JPEG_SAMPLE_DOWN(Name, Image, HalveRows)                                                           \
-    VekStatus VEK_CALL Name(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep,         \
-                            VekiSize dstRoi) {                                                                 \
-        const VekStatus status = jpeg::checkSampling(srcStep, dstStep, srcRoi, dstRoi, HalveRows, pSrc, pDst); \
-        if (status == StatusOk) Image(pSrc, srcStep, srcRoi, pDst, dstStep, dstRoi);                           \
-        return status;                                                                                         \
-    }
-#define VEK_JPEG_SAMPLE_UP(Name, Image, HalveRows)                                                             \
-    VekStatus VEK_CALL Name(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep,         \
-                            VekiSize dstRoi) {                                                                 \
-        const VekStatus status = jpeg::checkSampling(srcStep, dstStep, dstRoi, srcRoi, HalveRows, pSrc, pDst); \
-        if (status == StatusOk) Image(pSrc, srcStep, srcRoi, pDst, dstStep, dstRoi);                           \
-        return status;                                                                                         \
+// Down: srcRoi is the full-resolution region; up: dstRoi is.
+#define VEK_JPEG_SAMPLE(Name, Image, HalveRows, Down)                                                                  \
+    VekStatus VEK_CALL Name(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep,                 \
+                            VekiSize dstRoi) {                                                                         \
+        const VekStatus status = jpeg::checkSampling(srcStep, dstStep, Down ? srcRoi : dstRoi, Down ? dstRoi : srcRoi, \
+                                                     HalveRows, pSrc, pDst);                                           \
+        if (status == StatusOk) Image(pSrc, srcStep, srcRoi, pDst, dstStep, dstRoi);                                   \
+        return status;                                                                                                 \
     }
 
 // ---- one MCU ------------------------------------------------------------------------
@@ -95,12 +90,12 @@
     VEK_JPEG_FROM_PLANES(vekiYCCKToCMYK_JPEG_8u_P4C4R, jpeg::Planar<4>, jpeg::Inverse, jpeg::InvertedCMYK, Vek8u, 4)
 
 #define VEK_JPEG_SAMPLE_MEMBERS                                                                                        \
-    VEK_JPEG_SAMPLE_DOWN(vekiSampleDownH2V1_JPEG_8u_C1R, downH2V1Image, false)                                         \
-    VEK_JPEG_SAMPLE_DOWN(vekiSampleDownH2V2_JPEG_8u_C1R, downH2V2Image, true)                                          \
-    VEK_JPEG_SAMPLE_UP(vekiSampleUpH2V1_JPEG_8u_C1R, upImage<0>, false)                                                \
-    VEK_JPEG_SAMPLE_UP(vekiSampleUpH2V2_JPEG_8u_C1R, upImage<1>, true)                                                 \
-    VEK_JPEG_SAMPLE_UP(vekiSampleUpH2V1Smooth_JPEG_8u_C1R, smoothH2V1Image, false)                                     \
-    VEK_JPEG_SAMPLE_UP(vekiSampleUpH2V2Smooth_JPEG_8u_C1R, smoothH2V2Image, true)                                      \
+    VEK_JPEG_SAMPLE(vekiSampleDownH2V1_JPEG_8u_C1R, downH2V1Image, false, true)                                        \
+    VEK_JPEG_SAMPLE(vekiSampleDownH2V2_JPEG_8u_C1R, downH2V2Image, true, true)                                         \
+    VEK_JPEG_SAMPLE(vekiSampleUpH2V1_JPEG_8u_C1R, upImage<0>, false, false)                                            \
+    VEK_JPEG_SAMPLE(vekiSampleUpH2V2_JPEG_8u_C1R, upImage<1>, true, false)                                             \
+    VEK_JPEG_SAMPLE(vekiSampleUpH2V1Smooth_JPEG_8u_C1R, smoothH2V1Image, false, false)                                 \
+    VEK_JPEG_SAMPLE(vekiSampleUpH2V2Smooth_JPEG_8u_C1R, smoothH2V2Image, true, false)                                  \
     VekStatus VEK_CALL vekiSampleUpRowH2V2Smooth_JPEG_8u_C1(const Vek8u* pSrcNear, const Vek8u* pSrcFar, int srcWidth, \
                                                             Vek8u* pDst, int dstWidth) {                               \
         if (!pSrcNear || !pSrcFar || !pDst) return StatusNullPointer;                                                  \
