@@ -1,5 +1,6 @@
-// The JPEG colour family, the AVX2 level: 16 pixels a block in 256-bit vectors
-// (interleaved pixels still move 8 at a time through pshufb).
+// The JPEG colour family, the AVX2 level: 16 pixels a block in 256-bit
+// vectors, interleaved pixels gathered by pshufb in both 128-bit lanes, and
+// two MCU rows a vector.
 // The kernels are shared by the vector levels (colour_simd.h, sample_simd.h,
 // mcu_simd.h); this file instantiates them for this level and defines its
 // members (core/export_list.h says which).

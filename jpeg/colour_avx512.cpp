@@ -1,5 +1,5 @@
 // The JPEG colour family, the AVX-512 level: 32 pixels a block in 512-bit
-// vectors of 16-bit lanes (AVX-512 BW).
+// vectors of 16-bit lanes (AVX-512 BW), four MCU rows a vector.
 // The kernels are shared by the vector levels (colour_simd.h, sample_simd.h,
 // mcu_simd.h); this file instantiates them for this level and defines its
 // members (core/export_list.h says which).

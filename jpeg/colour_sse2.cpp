@@ -1,5 +1,5 @@
-// The JPEG colour family, the SSE2 level: 8 pixels a block in 128-bit vectors; three-byte
-// pixels are spread and packed with shifts and masks.
+// The JPEG colour family, the SSE2 level: 8 pixels a block in 128-bit
+// vectors; three-byte pixels are spread and packed with shifts and masks.
 // The kernels are shared by the vector levels (colour_simd.h, sample_simd.h,
 // mcu_simd.h); this file instantiates them for this level and defines its
 // members (core/export_list.h says which).

@@ -1,5 +1,5 @@
-// The JPEG colour family, the SSSE3 level: the members that read or write three
-// interleaved channels, which pshufb gathers and scatters.
+// The JPEG colour family, the SSSE3 level: the members that read or write
+// three interleaved channels, which pshufb gathers and scatters.
 // The kernels are shared by the vector levels (colour_simd.h, sample_simd.h,
 // mcu_simd.h); this file instantiates them for this level and defines its
 // members (core/export_list.h says which).
