@@ -278,7 +278,43 @@ VEK_EXPORT(vekiSplitRow_TIFF_16u8u_C1,              plain, plain, sse2, sse2, ss
 
 
 // ---- JPEG: colour conversion, per-MCU level shift, chroma sampling (jpeg/) 
-// (the family's exports go here)
+// Three interleaved channels: SSE2 spreads three-byte pixels with shifts and masks, SSSE3
+// gathers them with pshufb; AVX2 and AVX-512 convert 16 and 32 pixels a block.
+VEK_EXPORT(vekiRGBToYCbCr_JPEG_8u_C3P3R,         plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* const pDst[3], int dstStep, VekiSize roi))
+VEK_EXPORT(vekiBGRToYCbCr_JPEG_8u_C3P3R,         plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* const pDst[3], int dstStep, VekiSize roi))
+VEK_EXPORT(vekiYCbCrToRGB_JPEG_8u_P3C3R,         plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiYCbCrToBGR_JPEG_8u_P3C3R,         plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiRGBToY_JPEG_8u_C3C1R,             plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiBGRToY_JPEG_8u_C3C1R,             plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiYCbCr422ToRGB_JPEG_8u_C2C3R,      plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+// Planes, packed pixels, four channels: 16-bit lanes from SSE2, wider from AVX2.
+VEK_EXPORT(vekiRGBToYCbCr_JPEG_8u_P3R,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* const pSrc[3], int srcStep, Vek8u* const pDst[3], int dstStep, VekiSize roi))
+VEK_EXPORT(vekiYCbCrToRGB_JPEG_8u_P3R,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* const pSrc[3], int srcStep, Vek8u* const pDst[3], int dstStep, VekiSize roi))
+VEK_EXPORT(vekiRGBToY_JPEG_8u_P3C1R,             plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiBGR555ToYCbCr_JPEG_16u8u_C3P3R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16u* pSrc, int srcStep, Vek8u* const pDst[3], int dstStep, VekiSize roi))
+VEK_EXPORT(vekiBGR565ToYCbCr_JPEG_16u8u_C3P3R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16u* pSrc, int srcStep, Vek8u* const pDst[3], int dstStep, VekiSize roi))
+VEK_EXPORT(vekiYCbCrToBGR555_JPEG_8u16u_P3C3R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* const pSrc[3], int srcStep, Vek16u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiYCbCrToBGR565_JPEG_8u16u_P3C3R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* const pSrc[3], int srcStep, Vek16u* pDst, int dstStep, VekiSize roi))
+VEK_EXPORT(vekiCMYKToYCCK_JPEG_8u_C4P4R,         plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* const pDst[4], int dstStep, VekiSize roi))
+VEK_EXPORT(vekiYCCKToCMYK_JPEG_8u_P4C4R,         plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* const pSrc[4], int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
+// Chroma sampling: 16-bit lanes from SSE2, 16 and 32 of them with AVX2 and AVX-512.
+VEK_EXPORT(vekiSampleDownH2V1_JPEG_8u_C1R,       plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep, VekiSize dstRoi))
+VEK_EXPORT(vekiSampleDownH2V2_JPEG_8u_C1R,       plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep, VekiSize dstRoi))
+VEK_EXPORT(vekiSampleUpH2V1_JPEG_8u_C1R,         plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep, VekiSize dstRoi))
+VEK_EXPORT(vekiSampleUpH2V2_JPEG_8u_C1R,         plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep, VekiSize dstRoi))
+VEK_EXPORT(vekiSampleUpH2V1Smooth_JPEG_8u_C1R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep, VekiSize dstRoi))
+VEK_EXPORT(vekiSampleUpH2V2Smooth_JPEG_8u_C1R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst, int dstStep, VekiSize dstRoi))
+VEK_EXPORT(vekiSampleUpRowH2V2Smooth_JPEG_8u_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcNear, const Vek8u* pSrcFar, int srcWidth, Vek8u* pDst, int dstWidth))
+// One MCU: a row of 8 pixels a 128-bit lane (pshufb from SSSE3), 2 and 4 rows a vector with AVX2 and AVX-512.
+// The YUYV split and join are loads, masks and packs of SSE2; wider vectors gain nothing.
+VEK_EXPORT(vekiRGBToYCbCr444LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
+VEK_EXPORT(vekiRGBToYCbCr422LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
+VEK_EXPORT(vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
+VEK_EXPORT(vekiYCbCr444ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
+VEK_EXPORT(vekiYCbCr422ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
+VEK_EXPORT(vekiYCbCr411ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
+VEK_EXPORT(vekiSplit422LS_MCU_8u16s_C2P3R,       plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
+VEK_EXPORT(vekiJoin422LS_MCU_16s8u_P3C2R,        plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
 
 
 // ---- JPEG: Huffman coding (jpeg/) -----------------------------------------

@@ -1082,7 +1082,186 @@ VEK_API VekStatus VEK_CALL vekiSplitRow_TIFF_16u8u_C1(const Vek16u* pSrc, Vek8u*
  * JPEG: colour conversion, per-MCU level shift and chroma sampling
  * Colour conversions, per-MCU conversions and chroma resampling.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Every member is exact integer arithmetic and gives the same bits at every
+ * level.  Images follow the image model: a pointer to the first pixel of the
+ * region, a row step in bytes, roi.width pixels by roi.height rows.  P3 / P4
+ * forms take an array of three (four) plane pointers that share one step.
+ * No alignment is needed.  Sources and destinations must not overlap.
+ *
+ * Checks, in this order, for every member (note: steps before sizes):
+ *   1. a null image pointer, plane-pointer array or plane pointer
+ *      (plane 0, then 1, 2, 3) -> StatusNullPointer;
+ *   2. a step below 1 -> StatusStep (even when the region is empty);
+ *   3. roi.width or roi.height below 1 -> StatusSize, then what the member
+ *      states below.
+ * Nothing is written on failure; otherwise StatusOk.
+ *
+ * Forward (R, G, B -> Y, Cb, Cr), sums in 32 bits, never negative, so the
+ * results lie in 0..255 without clamping:
+ *   Y  = (19595 R + 38470 G + 7471 B + 32768) >> 16
+ *   Cb = (-11059 R - 21709 G + 32768 B + 8421375) >> 16
+ *   Cr = (32768 R + 8421375 - 27439 G - 5329 B) >> 16
+ * (8421375 = 128 * 65536 + 32767).  RGB (255, 255, 255) gives (255, 128,
+ * 128); (0, 0, 255) gives Cb 255.
+ * Inverse (Y, Cb, Cr -> R, G, B), each result clamped to 0..255:
+ *   R = Y + round(1.402 (Cr - 128))
+ *   G = Y + ((-22554 (Cb - 128) + 32768 - 46802 (Cr - 128)) >> 16)   (arithmetic shift)
+ *   B = Y + round(1.772 (Cb - 128))
+ * where round() goes to the nearest integer, exact halves away from zero
+ * (1.772 * -125 = -221.5 gives -222), as the usual 256-entry tables do.
+ * YCbCr (0, 0, 0) gives RGB (0, 135, 0).
+ * Every other member reads or writes another order or layout, or adds
+ * chroma sampling, and computes through these two sums bit for bit.
+ */
+
+/* The fixed pair: interleaved R, G, B to the planes Y, Cb, Cr and back. */
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr_JPEG_8u_C3P3R(const Vek8u* pSrc, int srcStep, Vek8u* const pDst[3],
+                                                        int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToRGB_JPEG_8u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst,
+                                                        int dstStep, VekiSize roi);
+
+/* The same sums on other orders and layouts: B, G, R interleaved; three
+ * planes to three planes; the Y plane alone (RGBToY: the forward Y). */
+VEK_API VekStatus VEK_CALL vekiBGRToYCbCr_JPEG_8u_C3P3R(const Vek8u* pSrc, int srcStep, Vek8u* const pDst[3],
+                                                        int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToBGR_JPEG_8u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst,
+                                                        int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr_JPEG_8u_P3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* const pDst[3],
+                                                      int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToRGB_JPEG_8u_P3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* const pDst[3],
+                                                      int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiRGBToY_JPEG_8u_P3C1R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep,
+                                                    VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiRGBToY_JPEG_8u_C3C1R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                    VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiBGRToY_JPEG_8u_C3C1R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                    VekiSize roi);
+
+/* Packed pixels: one 16-bit word a pixel (little-endian in memory), blue
+ * in bits 0-4, green in bits 5-9 (555) or 5-10 (565), red in the next five
+ * bits; bit 15 of a 555 word is ignored when read and written as 0.  A
+ * field widens to 8 bits by repeating its top bits below it (5 bits:
+ * (v << 3) | (v >> 2), so 31 -> 255; 6 bits: (v << 2) | (v >> 4)); the
+ * inverse narrows each clamped channel by dropping its low bits (R >> 3,
+ * G >> 2 or >> 3), so a widened value narrows back to itself.  Steps are in
+ * bytes (two a pixel). */
+VEK_API VekStatus VEK_CALL vekiBGR555ToYCbCr_JPEG_16u8u_C3P3R(const Vek16u* pSrc, int srcStep, Vek8u* const pDst[3],
+                                                              int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiBGR565ToYCbCr_JPEG_16u8u_C3P3R(const Vek16u* pSrc, int srcStep, Vek8u* const pDst[3],
+                                                              int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToBGR555_JPEG_8u16u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek16u* pDst,
+                                                              int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToBGR565_JPEG_8u16u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek16u* pDst,
+                                                              int dstStep, VekiSize roi);
+
+/* CMYK <-> YCCK, the convention of Adobe JPEG files: C, M, Y are inverted
+ * (R = 255 - C, G = 255 - M, B = 255 - Y) and converted by the forward sums
+ * into planes Y, Cb, Cr; K goes to the fourth plane unchanged.  The inverse
+ * converts Y, Cb, Cr by the inverse sums and writes C = 255 - R,
+ * M = 255 - G, Y = 255 - B, and K from the fourth plane. */
+VEK_API VekStatus VEK_CALL vekiCMYKToYCCK_JPEG_8u_C4P4R(const Vek8u* pSrc, int srcStep, Vek8u* const pDst[4],
+                                                        int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCCKToCMYK_JPEG_8u_P4C4R(const Vek8u* const pSrc[4], int srcStep, Vek8u* pDst,
+                                                        int dstStep, VekiSize roi);
+
+/* 4:2:2 pixel pairs in YUYV order (Y0 Cb Y1 Cr) to interleaved R, G, B by
+ * the inverse sums; both pixels of a pair take its Cb and Cr (repeated, not
+ * filtered).  A source row is read in whole pairs: 4 * ((roi.width + 1) / 2)
+ * bytes, so an odd width reads the last pair whole and ignores its Y1. */
+VEK_API VekStatus VEK_CALL vekiYCbCr422ToRGB_JPEG_8u_C2C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                           VekiSize roi);
+
+/* Chroma sampling by two, one plane.  The full-resolution region is W x H;
+ * the subsampled one must be ((W + 1) / 2) x H for H2V1 and
+ * ((W + 1) / 2) x ((H + 1) / 2) for H2V2, or StatusSize (after the common
+ * checks).  Down: srcRoi is the full region and dstRoi the subsampled one;
+ * up: the other way round.  Edges are replicated, as JPEG codecs do: an odd
+ * W (H) pairs the last column (row) with itself, the smooth filter takes an
+ * edge sample as its own outer neighbour, and an odd W (H) gets the first W
+ * (H) outputs of the doubled row (column).  A band of rows can be worked in
+ * one call per band: each output row depends only on the rows named here.
+ *
+ * SampleDown: each output is the mean of its 2 x 1 (2 x 2) group with an
+ * alternating bias so that the rounding does not drift: output column i of
+ * H2V1 is (a + b + (i & 1)) >> 1, of H2V2 (a + b + c + d + 1 + (i & 1)) >> 2,
+ * the bias restarting at every row.
+ * SampleUp (plain): every sample repeated into its 2 x 1 (2 x 2) group.
+ * SampleUp...Smooth: the triangle filter of JPEG decoders, 3/4 of the nearer
+ * and 1/4 of the farther input sample in each direction:
+ *   H2V1: out[2i] = (3 in[i] + in[i-1] + 1) >> 2, out[2i+1] = (3 in[i] + in[i+1] + 2) >> 2;
+ *   H2V2: output row 2j has row j as the nearer and row j - 1 as the farther
+ *     input row, output row 2j + 1 row j + 1 as the farther; with the column
+ *     sums cs[i] = 3 near[i] + far[i],
+ *     out[2i] = (3 cs[i] + cs[i-1] + 8) >> 4, out[2i+1] = (3 cs[i] + cs[i+1] + 7) >> 4.
+ * These are the results of libjpeg-turbo's "fancy" upsampling, bias for
+ * bias, including its one exception: a subsampled width of 1 or 2 is
+ * upsampled plainly (repeated), in both directions.
+ * vekiSampleUpRowH2V2Smooth_JPEG_8u_C1 makes one output row of H2V2 from its
+ * nearer and farther input rows (at the top and bottom edges the farther row
+ * is the nearer one), for decoders that keep only a few chroma rows: a
+ * decoder working MCU row by MCU row calls it for each output row once the
+ * chroma row below is decoded.  Checks: a null pointer (StatusNullPointer),
+ * then srcWidth or dstWidth below 1 or
+ * srcWidth other than (dstWidth + 1) / 2 (StatusSize). */
+VEK_API VekStatus VEK_CALL vekiSampleDownH2V1_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
+                                                          int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleDownH2V2_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
+                                                          int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpH2V1_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
+                                                        int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpH2V2_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
+                                                        int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpH2V1Smooth_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi,
+                                                              Vek8u* pDst, int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpH2V2Smooth_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi,
+                                                              Vek8u* pDst, int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpRowH2V2Smooth_JPEG_8u_C1(const Vek8u* pSrcNear, const Vek8u* pSrcFar,
+                                                                int srcWidth, Vek8u* pDst, int dstWidth);
+
+/* One MCU (minimum coded unit) between interleaved 8-bit pixels and its
+ * level-shifted 16-bit blocks, for a baseline encoder or decoder that works
+ * MCU by MCU straight from and into the image.
+ *   444: 8 x 8 pixels, one Y block;
+ *   422: 16 x 8 pixels, two Y blocks (left, right);
+ *   411: 16 x 16 pixels (2 x 2 chroma subsampling, often called 4:2:0), four
+ *        Y blocks (top left, top right, bottom left, bottom right).
+ * pDstMCU[0] / pSrcMCU[0] holds the Y blocks one after the other, 64
+ * samples each; [1] and [2] one Cb and one Cr block.  A block is 64 Vek16s
+ * in natural row-major order (row r, column c at 8r + c), as the DCT takes
+ * it.  The image is read (written) from pSrc (pDst), the MCU's top left
+ * pixel, row after row srcStep (dstStep) bytes apart.
+ * Forward: each pixel converted by the forward sums; chroma averaged over
+ * each 2 x 1 (422) or 2 x 2 (411) group as by vekiSampleDown*; then 128
+ * subtracted from every sample (range -128..127).
+ * Inverse: 128 added to every sample and the result clamped to 0..255 (any
+ * Vek16s is accepted); every pixel takes the chroma of its group (repeated;
+ * for the smooth filter of vekiSampleUp*Smooth, go through planes instead)
+ * and is converted by the inverse sums.
+ * At the right and bottom edges of an image whose size is not a whole
+ * number of MCUs, give the MCU pixels by replicating the last column and
+ * row into a small buffer (as JPEG encoders pad), and keep only the pixels
+ * inside the image on the way back.
+ * Checks: a null image pointer, block array or block pointer ->
+ * StatusNullPointer; a step below 1 -> StatusStep. */
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr444LS_MCU_8u16s_C3P3R(const Vek8u* pSrc, int srcStep,
+                                                               Vek16s* const pDstMCU[3]);
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr422LS_MCU_8u16s_C3P3R(const Vek8u* pSrc, int srcStep,
+                                                               Vek16s* const pDstMCU[3]);
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R(const Vek8u* pSrc, int srcStep,
+                                                               Vek16s* const pDstMCU[3]);
+VEK_API VekStatus VEK_CALL vekiYCbCr444ToRGBLS_MCU_16s8u_P3C3R(const Vek16s* const pSrcMCU[3], Vek8u* pDst,
+                                                               int dstStep);
+VEK_API VekStatus VEK_CALL vekiYCbCr422ToRGBLS_MCU_16s8u_P3C3R(const Vek16s* const pSrcMCU[3], Vek8u* pDst,
+                                                               int dstStep);
+VEK_API VekStatus VEK_CALL vekiYCbCr411ToRGBLS_MCU_16s8u_P3C3R(const Vek16s* const pSrcMCU[3], Vek8u* pDst,
+                                                               int dstStep);
+
+/* One 4:2:2 MCU of YUYV pixel pairs (16 x 8 pixels, 32 bytes a row) split
+ * into its two Y blocks, one Cb and one Cr block, 128 subtracted, as the
+ * MCU members above; Join is the inverse (128 added, clamped to 0..255).
+ * No colour conversion: the pixels are Y, Cb, Cr already. */
+VEK_API VekStatus VEK_CALL vekiSplit422LS_MCU_8u16s_C2P3R(const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]);
+VEK_API VekStatus VEK_CALL vekiJoin422LS_MCU_16s8u_P3C2R(const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep);
 
 /* ======================================================================
  * JPEG: Huffman coding
