@@ -246,7 +246,23 @@ VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, p
 
 
 // ---- JPEG 2000: component transforms (jpeg2000/) --------------------------
-// (the family's exports go here)
+// SSE2 from level 2 (integer lanes, pmaddwd for the 16-bit ICT, doubles for
+// the float ICT); SSE4.1 multiplies the 32-bit ICT's 64-bit products in one
+// instruction; AVX2 and AVX-512 widen every member.
+VEK_EXPORT(vekiRCTFwd_JPEG2K_16s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTFwd_JPEG2K_32s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTFwd_JPEG2K_32s_C3P3R, plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (const Vek32s* pSrc, int srcStep, Vek32s* const pDst[3], int dstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTInv_JPEG2K_16s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTInv_JPEG2K_32s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTInv_JPEG2K_32s_P3C3R, plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (const Vek32s* const pSrc[3], int srcStep, Vek32s* pDst, int dstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTFwd_JPEG2K_16s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTFwd_JPEG2K_32s_P3IR,  plain, plain, sse2, sse2, sse2, sse41, avx2, avx512, VekStatus, (Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTFwd_JPEG2K_32f_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTFwd_JPEG2K_32f_C3P3R, plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3], int dstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTInv_JPEG2K_16s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTInv_JPEG2K_32s_P3IR,  plain, plain, sse2, sse2, sse2, sse41, avx2, avx512, VekStatus, (Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTInv_JPEG2K_32f_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTInv_JPEG2K_32f_P3C3R, plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst, int dstStep, VekiSize roiSize))
 
 
 // ---- video: motion compensation and block differences (video/) ------------

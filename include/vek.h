@@ -838,7 +838,64 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, V
  * JPEG 2000: component transforms
  * The reversible (RCT) and irreversible (ICT) component transforms.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Three components per pixel, transformed pixel by pixel: all three inputs
+ * of a pixel are read before any of its outputs is written.
+ *   _P3IR (pSrcDst, srcDstStep, roiSize): three planes in place, the plane
+ *     pointers in an array, sharing one step.
+ *   _C3P3R (pSrc, srcStep, pDst, dstStep, roiSize): interleaved pixels
+ *     (R, G, B) to three planes.
+ *   _P3C3R (pSrc, srcStep, pDst, dstStep, roiSize): three planes to
+ *     interleaved pixels (channels 0, 1, 2 = planes 0, 1, 2).
+ * Plane 0 holds R (forward input) or Y, plane 1 G or the first chroma (U,
+ * Cb), plane 2 B or the second chroma (V, Cr).  Steps are in bytes.
+ *
+ * Checks, in this order: a null plane array, a null plane (0, 1, 2) or a
+ * null interleaved image -> StatusNullPointer; a step below 1 (the source's
+ * first) -> StatusStep; roiSize.width or .height below 1 -> StatusSize.
+ * Nothing is written on failure.  Source and destination must not overlap.
+ *
+ * RCT (exact; shifts are arithmetic, rounding toward minus infinity):
+ *   forward  Y = (R + 2G + B) >> 2,  U = B - G,  V = R - G
+ *   inverse  G = Y - ((U + V) >> 2), R = V + G,  B = U + G
+ * ICT, 16s and 32s in Q14 fixed point, each output rounded by adding 8192
+ * and shifting right by 14 (arithmetic):
+ *   forward  Y  = (4899 R + 9617 G + 1868 B + 8192) >> 14
+ *            Cb = (-2765 R - 5427 G + 8192 B + 8192) >> 14
+ *            Cr = (8192 R - 6860 G - 1332 B + 8192) >> 14
+ *   inverse  R = Y + ((22970 Cr + 8192) >> 14)
+ *            G = Y + ((-5638 Cb - 11700 Cr + 8192) >> 14)
+ *            B = Y + ((29032 Cb + 8192) >> 14)
+ * The integer forms compute exactly (products and sums as wide as they
+ * need) and keep the low 16 or 32 bits of each result: nothing saturates,
+ * so extreme inputs wrap around.
+ * ICT, 32f: in double precision with the constants as doubles, every
+ * product and sum rounded to double in this order, the result rounded once
+ * to float:
+ *   forward  Y  = (0.299 R + 0.587 G) + 0.114 B
+ *            Cb = (-0.16875 R - 0.33126 G) + 0.5 B
+ *            Cr = (0.5 R - 0.41869 G) - 0.08131 B
+ *   inverse  R = Y + 1.402 Cr,  G = (Y - 0.34413 Cb) - 0.71414 Cr,
+ *            B = Y + 1.772 Cb
+ * (the plain level of the 32-bit library sets the x87 unit to double
+ * precision while it works, and restores the caller's setting). */
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_32s_C3P3R(const Vek32s* pSrc, int srcStep, Vek32s* const pDst[3],
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_32s_P3C3R(const Vek32s* const pSrc[3], int srcStep, Vek32s* pDst,
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32f_P3IR(Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32f_C3P3R(const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3],
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32f_P3IR(Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32f_P3C3R(const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst,
+                                                       int dstStep, VekiSize roiSize);
 
 /* ======================================================================
  * Video: motion compensation and block differences
