@@ -127,13 +127,6 @@ inline __m512 asFloat(__m512i v) { return _mm512_castsi512_ps(v); }
 
 // ---- one vector of pixels ---------------------------------------------------------
 
-// A pair of 16-bit constants for madd16: c0 multiplies the first sample of
-// each pair, c1 the second.
-template <class V>
-inline V pairConstant(int c0, int c1) {
-    return splat32<V>(int32_t((uint32_t(uint16_t(c1)) << 16) | uint16_t(c0)));
-}
-
 template <class T>
 struct Rct;
 template <>

@@ -207,9 +207,10 @@ inline __m256 narrow(__m256d lo, __m256d hi) {
 
 #ifdef __AVX512F__
 // GCC before 13 warns that the undefined pass-through operand inside many
-// AVX-512 intrinsics "may be used uninitialized" (it is never read).
+// AVX-512 intrinsics is (or "may be") used uninitialized; it is never read.
 #    if defined(__GNUC__) && !defined(__clang__) && __GNUC__ < 13
 #        pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#        pragma GCC diagnostic ignored "-Wuninitialized"
 #    endif
 template <>
 inline __m512 loadF<__m512>(const float* p) {
@@ -309,6 +310,13 @@ inline V halfRoundUp16(V s) {
 template <class V>
 inline V halfRoundUp32(V s) {
     return add32(sra32<1>(s), andBits(s, splat32<V>(1)));
+}
+
+// A pair of 16-bit constants for madd16: c0 multiplies the first sample of
+// each pair, c1 the second.
+template <class V>
+inline V pairConstant(int c0, int c1) {
+    return splat32<V>(int32_t((uint32_t(uint16_t(c1)) << 16) | uint16_t(c0)));
 }
 
 // Every lane's low 16 bits, sign-extended, so that a pack keeps them
