@@ -224,5 +224,227 @@ VEK_DIFF_CASE(vekiWTFwd_D97_JPEG2K_32s_C1R, [] { diffLevel<Vek32s>(true); });
 VEK_DIFF_CASE(vekiWTInv_D97_JPEG2K_16s_C1R, [] { diffLevel<Vek16s>(false); });
 VEK_DIFF_CASE(vekiWTInv_D97_JPEG2K_32s_C1R, [] { diffLevel<Vek32s>(false); });
 
+// ---- lines through the passes -------------------------------------------------------
+// A Row pass on one row, or a Col pass on an image one sample wide whose
+// step is one sample: the same line either way.
+
+template <class T, class Fn>
+void forwardLine(const Fn* table, bool rows, bool nineSeven, bool phase1, int w, const std::function<T(int)>& x,
+                 std::vector<T>& low, std::vector<T>& high) {
+    const Reach r = reachOf(nineSeven, phase1, w);
+    std::vector<T> in(r.last - r.first + 1);
+    for (int p = r.first; p <= r.last; ++p) in[p - r.first] = x(p);
+    low.assign(w, T()), high.assign(w, T());
+    const int s = sizeof(T), lineStep = rows ? int(in.size()) * s : s, bandStep = rows ? w * s : s;
+    ASSERT_EQ(table[0](in.data() - r.first, lineStep, low.data(), bandStep, high.data(), bandStep,
+                       rows ? VekiSize{w, 1} : VekiSize{1, w}, phase1),
+              StatusOk);
+}
+
+template <class T, class Fn>
+std::vector<T> inverseLine(const Fn* table, bool rows, bool nineSeven, bool phase1, int w,
+                           const std::function<T(int)>& lowAt, const std::function<T(int)>& highAt) {
+    const Reach r = reachOf(nineSeven, phase1, w);
+    std::vector<T> low(r.lowLast - r.lowFirst + 1), high(r.highLast - r.highFirst + 1), out(2 * w);
+    for (int i = r.lowFirst; i <= r.lowLast; ++i) low[i - r.lowFirst] = lowAt(i);
+    for (int i = r.highFirst; i <= r.highLast; ++i) high[i - r.highFirst] = highAt(i);
+    const int s = sizeof(T);
+    EXPECT_EQ(table[0](low.data() - r.lowFirst, rows ? int(low.size()) * s : s, high.data() - r.highFirst,
+                       rows ? int(high.size()) * s : s, rows ? VekiSize{w, 1} : VekiSize{1, w}, out.data(),
+                       rows ? 2 * w * s : s, phase1),
+              StatusOk);
+    return out;
+}
+
+// The interleaved coefficients of a line of n samples from its bands,
+// extended symmetrically: what a caller supplies around the bands.
+template <class T>
+std::function<T(int)> bandAt(const std::vector<T>& low, const std::vector<T>& high, int n, bool phase1, bool ofLow) {
+    return [=, &low, &high](int i) {
+        const int q = reflectPosition(ofLow ? lowPosition(i, phase1) : highPosition(i, phase1), n);
+        return ((q & 1) != 0) == phase1 ? low[q >> 1] : high[q >> 1];
+    };
+}
+
+template <class T, class Fwd, class Inv>
+void expectReconstruction(const Fwd* fwd, const Inv* inv, bool rows) {
+    for (const bool phase1 : {false, true})
+        for (int n = 2; n < 42 + rounds(20); ++n) {
+            const std::vector<T> x = randomVector<T>(n);
+            const int w = (n + 1) / 2;
+            std::vector<T> low, high;
+            forwardLine<T>(
+                fwd, rows, false, phase1, w, [&](int p) { return x[reflectPosition(p, n)]; }, low, high);
+            const std::vector<T> out = inverseLine<T>(inv, rows, false, phase1, w, bandAt(low, high, n, phase1, true),
+                                                      bandAt(low, high, n, phase1, false));
+            for (int p = 0; p < n; ++p)
+                ASSERT_EQ(out[p], x[p]) << "length " << n << " phase " << phase1 << " rows " << rows << " at " << p;
+        }
+}
+
+TEST(Jpeg2000Wavelet, B53ReconstructsLinesOfEveryLengthInBothPhases) {
+    expectReconstruction<Vek16s>(vekTable_vekiWTFwdRow_B53_JPEG2K_16s_C1R, vekTable_vekiWTInvRow_B53_JPEG2K_16s_C1R,
+                                 true);
+    expectReconstruction<Vek32s>(vekTable_vekiWTFwdRow_B53_JPEG2K_32s_C1R, vekTable_vekiWTInvRow_B53_JPEG2K_32s_C1R,
+                                 true);
+    expectReconstruction<Vek16s>(vekTable_vekiWTFwdCol_B53_JPEG2K_16s_C1R, vekTable_vekiWTInvCol_B53_JPEG2K_16s_C1R,
+                                 false);
+    expectReconstruction<Vek32s>(vekTable_vekiWTFwdCol_B53_JPEG2K_32s_C1R, vekTable_vekiWTInvCol_B53_JPEG2K_32s_C1R,
+                                 false);
+}
+
+// ---- the 9/7 lifting written from the definitions -------------------------------------
+
+// A sequence over a window of indices.
+template <class V>
+struct Seq {
+    int lo;
+    std::vector<V> v;
+    Seq(int first, int last) : lo(first), v(last - first + 1) {}
+    V& operator[](int i) { return v.at(i - lo); }
+};
+
+// The four lifting steps over indices wide enough for [0, w), each step
+// step(i, a, b, c) with b, c the neighbours the phase gives; then the
+// outputs.  With `inverse` the steps start on the low sequence.
+template <class V, class Step>
+void liftReference(bool inverse, bool phase1, int w, Seq<V>& low, Seq<V>& high, Step step) {
+    const int readL = phase1 ? -1 : 0, readH = phase1 ? 0 : -1;
+    for (int s = 0; s < 4; ++s) {
+        const bool onLow = (s % 2 == 1) != inverse;
+        const int margin = 3 - s;
+        for (int i = -margin; i < w + margin; ++i) {
+            if (onLow)
+                low[i] = step(s, i, low[i], high[i + readH], high[i + readH + 1]);
+            else
+                high[i] = step(s, i, high[i], low[i + readL], low[i + readL + 1]);
+        }
+    }
+}
+
+constexpr double kA = -1.5861343, kB = -0.052980117, kG = 0.8829111, kD = 0.44350687, kKd = 1.2301741;
+
+TEST(Jpeg2000Wavelet, D97FloatFollowsTheLiftingInDoublePrecision) {
+    for (int round = 0; round < rounds(40); ++round) {
+        const int w = rng()() % 4 ? 1 + int(rng()() % 40) : 1;
+        const bool phase1 = rng()() % 2, rows = rng()() % 2;
+        const int n = 2 * w;
+        std::vector<Vek32f> x(n);
+        for (auto& v : x) v = std::uniform_real_distribution<float>(-1000.0f, 1000.0f)(rng());
+        auto at = [&](int p) { return x[reflectPosition(p, n)]; };
+        // The reference lifts the extended line (for w = 1 the direct filters
+        // are the same filters, their taps rounded to eight digits).
+        Seq<double> low(-8, w + 8), high(-8, w + 8);
+        for (int i = -8; i < w + 8; ++i) low[i] = at(lowPosition(i, phase1)), high[i] = at(highPosition(i, phase1));
+        liftReference<double>(false, phase1, w, low, high, [](int s, int, double a, double b, double c) {
+            const double k[4] = {kA, kB, kG, kD};
+            return a + k[s] * (b + c);
+        });
+        std::vector<double> wantLow(w), wantHigh(w);
+        for (int i = 0; i < w; ++i) wantLow[i] = low[i] / kKd, wantHigh[i] = high[i] * kKd;
+        std::vector<Vek32f> gotLow, gotHigh;
+        forwardLine<Vek32f>(rows ? vekTable_vekiWTFwdRow_D97_JPEG2K_32f_C1R : vekTable_vekiWTFwdCol_D97_JPEG2K_32f_C1R,
+                            rows, true, phase1, w, at, gotLow, gotHigh);
+        for (int i = 0; i < w; ++i) {
+            ASSERT_NEAR(gotLow[i], wantLow[i], 5e-3) << "low " << i << " of " << w << " phase " << phase1;
+            ASSERT_NEAR(gotHigh[i], wantHigh[i], 5e-3) << "high " << i << " of " << w << " phase " << phase1;
+        }
+        // The inverse of the float bands gives the line back.
+        const std::vector<Vek32f> back = inverseLine<Vek32f>(
+            rows ? vekTable_vekiWTInvRow_D97_JPEG2K_32f_C1R : vekTable_vekiWTInvCol_D97_JPEG2K_32f_C1R, rows, true,
+            phase1, w, bandAt(gotLow, gotHigh, n, phase1, true), bandAt(gotLow, gotHigh, n, phase1, false));
+        for (int p = 0; p < n; ++p) ASSERT_NEAR(back[p], x[p], 5e-3) << p << " of " << n << " phase " << phase1;
+    }
+}
+
+// The Q16 arithmetic: each step's result saturated (16 bits) or wrapped
+// (32 bits); `saturated` counts the clamps so the test knows it reached them.
+template <class T>
+struct Q16 {
+    int saturated = 0;
+    int64_t keep(int64_t v) {
+        if (sizeof(T) == 4) return int32_t(uint32_t(uint64_t(v)));
+        if (v < -32768 || v > 32767) ++saturated;
+        return v < -32768 ? -32768 : (v > 32767 ? 32767 : v);
+    }
+    static int64_t round(int64_t v) { return (v + 32768) >> 16; }
+    // The width-1 filters: 16 bits round the sum once, 32 bits each tap.
+    int64_t filter(const int64_t* taps, int count, const std::function<int64_t(int)>& x) {
+        int64_t sum = sizeof(T) == 2 ? taps[0] * x(0) : round(taps[0] * x(0));
+        for (int d = 1; d < count; ++d)
+            sum += sizeof(T) == 2 ? taps[d] * (x(-d) + x(d)) : round(taps[d] * (x(-d) + x(d)));
+        return keep(sizeof(T) == 2 ? round(sum) : sum);
+    }
+};
+
+template <class T, class FwdFn, class InvFn>
+void expectQ16Rows(const FwdFn* fwd, const InvFn* inv) {
+    Q16<T> q;
+    for (int round = 0; round < rounds(60); ++round) {
+        const int w = rng()() % 4 ? 1 + int(rng()() % 30) : 1;
+        const bool phase1 = rng()() % 2;
+        const int n = 2 * w;
+        const std::vector<T> x = randomVector<T>(n);  // extremes often: the 16-bit steps saturate
+        auto at = [&](int p) { return int64_t(x[reflectPosition(p, n)]); };
+        std::vector<int64_t> wantLow(w), wantHigh(w);
+        if (w == 1) {
+            const int64_t lowTaps[] = {39515, 17489, -5126, -1105, 1753}, highTaps[] = {73078, -38749, -3771, 5982};
+            const int c = phase1 ? 1 : 0;
+            wantLow[0] = q.filter(lowTaps, 5, [&](int d) { return at(c + d); });
+            wantHigh[0] = q.filter(highTaps, 4, [&](int d) { return at(1 - c + d); });
+        } else {
+            Seq<int64_t> low(-8, w + 8), high(-8, w + 8);
+            for (int i = -8; i < w + 8; ++i) low[i] = at(lowPosition(i, phase1)), high[i] = at(highPosition(i, phase1));
+            liftReference<int64_t>(false, phase1, w, low, high, [&](int s, int i, int64_t a, int64_t b, int64_t c) {
+                const int64_t k[3] = {-103949, -3472, 57862};
+                if (s < 3) return q.keep(a + Q16<T>::round(k[s] * (b + c)));
+                if (i != w - 1) return q.keep(Q16<T>::round(23627 * (b + c) + 53274 * a));
+                return q.keep(Q16<T>::round(53274 * q.keep(a + Q16<T>::round(29066 * (b + c)))));
+            });
+            for (int i = 0; i < w; ++i) wantLow[i] = low[i], wantHigh[i] = q.keep(Q16<T>::round(80621 * high[i]));
+        }
+        std::vector<T> gotLow, gotHigh;
+        forwardLine<T>(
+            fwd, true, true, phase1, w, [&](int p) { return T(at(p)); }, gotLow, gotHigh);
+        for (int i = 0; i < w; ++i)
+            ASSERT_TRUE(gotLow[i] == wantLow[i] && gotHigh[i] == wantHigh[i])
+                << i << " of " << w << " phase " << phase1 << ": " << gotLow[i] << " " << wantLow[i] << ", "
+                << gotHigh[i] << " " << wantHigh[i];
+        // The inverse of random bands (extended as a caller would).
+        const std::vector<T> lowBand = randomVector<T>(w), highBand = randomVector<T>(w);
+        const auto lowAt = bandAt(lowBand, highBand, n, phase1, true),
+                   highAt = bandAt(lowBand, highBand, n, phase1, false);
+        std::vector<int64_t> want(n);
+        if (w == 1) {
+            const int64_t lowPos[] = {73078, -17489, -3771, 1105}, highPos[] = {39515, 38749, -5126, -5981, 1753};
+            auto y = [&](int p) { return int64_t(((p & 1) != 0) == phase1 ? lowAt(p >> 1) : highAt(p >> 1)); };
+            for (int p = 0; p < 2; ++p) {
+                const bool lowOut = ((p & 1) != 0) == phase1;
+                want[p] = q.filter(lowOut ? lowPos : highPos, lowOut ? 4 : 5, [&](int d) { return y(p + d); });
+            }
+        } else {
+            Seq<int64_t> low(-8, w + 8), high(-8, w + 8);
+            for (int i = -8; i < w + 8; ++i) low[i] = lowAt(i), high[i] = highAt(i);
+            liftReference<int64_t>(true, phase1, w, low, high, [&](int s, int i, int64_t a, int64_t b, int64_t c) {
+                if (s == 0 && i == w - 1)
+                    return q.keep(q.keep(Q16<T>::round(80621 * a)) + Q16<T>::round(-23627 * (b + c)));
+                const int64_t ka[4] = {80621, 53274, 65536, 65536}, kb[4] = {-23627, -57862, 3472, 103949};
+                return q.keep(Q16<T>::round(ka[s] * a + kb[s] * (b + c)));
+            });
+            for (int i = 0; i < w; ++i) want[lowPosition(i, phase1)] = low[i], want[highPosition(i, phase1)] = high[i];
+        }
+        const std::vector<T> got = inverseLine<T>(inv, true, true, phase1, w, lowAt, highAt);
+        for (int p = 0; p < n; ++p) ASSERT_EQ(got[p], want[p]) << "inverse " << p << " of " << n << " phase " << phase1;
+    }
+    if (sizeof(T) == 2) {
+        EXPECT_GT(q.saturated, 0) << "no step saturated";
+    }
+}
+
+TEST(Jpeg2000Wavelet, D97FixedFollowsTheQ16Arithmetic) {
+    expectQ16Rows<Vek16s>(vekTable_vekiWTFwdRow_D97_JPEG2K_16s_C1R, vekTable_vekiWTInvRow_D97_JPEG2K_16s_C1R);
+    expectQ16Rows<Vek32s>(vekTable_vekiWTFwdRow_D97_JPEG2K_32s_C1R, vekTable_vekiWTInvRow_D97_JPEG2K_32s_C1R);
+}
+
 }  // namespace
 }  // namespace vektest
