@@ -1000,12 +1000,15 @@ VEK_API VekStatus VEK_CALL vekiWTInvCol_D97_JPEG2K_32f_C1R(const Vek32f* pSrcLow
  *   the high row by two; priming and draining the pipeline is the caller's.
  *   Fixed point: each of these is rounded on its own (the delta and 1/K of
  *   r3 in two roundings, as for a line's last low coefficient).
- * 9/7 inverse, q0..q7 (pSrcLow..pDstEven): q0 the low row n, q1 and q2 the
- *   high rows n and n-1, q3 the even row of the previous call, q4 and q5 the
- *   odd and even rows in progress (finished here), q6 and q7 out: the new
- *   odd (at step 3) and even (at step 2) rows.  In order: q7 = K q0 - delta/K
- *   (q1 + q2); q6 = 1/K q1 - gamma (q5 + q7); q5 -= beta (q4 + q6); q4 -=
- *   alpha (q3 + q5). */
+ * 9/7 inverse, q0..q7 (pSrcLow..pDstEven): q0 the low row n; q1 and q2
+ *   the high rows on either side of it, q1 the one before (high row n-1,
+ *   from which the new odd row comes), q2 the one after (high row n); q3 the
+ *   even row the previous call finished; q4 and q5 the odd and even rows in
+ *   progress (finished here); q6 and q7 out: the new odd (at step 3 -> 1)
+ *   and even (at step 2) rows.  In order: q7 = K q0 - delta/K (q1 + q2);
+ *   q6 = 1/K q1 - gamma (q5 + q7); q5 -= beta (q4 + q6); q4 -= alpha (q3 +
+ *   q5).  After the call q5 holds the finished even row 2n-2 and q4 the
+ *   finished odd row 2n-3. */
 VEK_API VekStatus VEK_CALL vekiWTFwdColLift_B53_JPEG2K_16s_C1(const Vek16s* pSrc0, const Vek16s* pSrc1,
                                                               const Vek16s* pSrc2, Vek16s* pDstLow,
                                                               const Vek16s* pSrcHighPrev, Vek16s* pDstHigh, int width);

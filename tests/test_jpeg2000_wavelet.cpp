@@ -446,5 +446,227 @@ TEST(Jpeg2000Wavelet, D97FixedFollowsTheQ16Arithmetic) {
     expectQ16Rows<Vek32s>(vekTable_vekiWTFwdRow_D97_JPEG2K_32s_C1R, vekTable_vekiWTInvRow_D97_JPEG2K_32s_C1R);
 }
 
+// ---- ColLift against the whole-column passes ------------------------------------------
+
+// Rows -4 .. 2h + 4 of random samples, `width` wide, and row r of them.
+template <class T>
+struct Rows {
+    int width, first;
+    std::vector<T> v;
+    Rows(int w, int lo, int hi) : width(w), first(lo), v(size_t(w) * (hi - lo + 1)) {
+        for (T& x : v)
+            x = sizeof(T) == 4 && std::is_floating_point_v<T> ? T(int(rng()() % 2001) - 1000) : randomValue<T>();
+    }
+    T* row(int r) { return v.data() + size_t(r - first) * width; }
+    int step() const { return width * int(sizeof(T)); }
+};
+
+template <class T, class Col, class Lift>
+void expectForwardLift53(const Col* col, const Lift* lift) {
+    const int w = 1 + int(rng()() % 50), h = 1 + int(rng()() % 12);
+    Rows<T> x(w, -4, 2 * h + 4), low(w, 0, h), high(w, 0, h), got(w, -1, 2 * h), zero(w, 0, 0);
+    ASSERT_EQ(col[0](x.row(0), x.step(), low.row(0), low.step(), high.row(0), high.step(), {w, h}, 0), StatusOk);
+    for (int n = -1; n < h; ++n)  // got: low rows 0.., high rows h + 1 + n; row -1 takes the primer
+        lift[0](x.row(2 * n), x.row(2 * n + 1), x.row(2 * n + 2), n < 0 ? got.row(-1) : got.row(n),
+                n < 0 ? zero.row(0) : got.row(h + n), got.row(h + 1 + n), w);
+    for (int n = 0; n < h; ++n)
+        for (int c = 0; c < w; ++c)
+            ASSERT_TRUE(got.row(n)[c] == low.row(n)[c] && got.row(h + 1 + n)[c] == high.row(n)[c]) << n << "," << c;
+}
+
+template <class T, class Col, class Lift>
+void expectInverseLift53(const Col* col, const Lift* lift) {
+    const int w = 1 + int(rng()() % 50), h = 1 + int(rng()() % 12);
+    Rows<T> low(w, 0, h), high(w, -1, h), want(w, 0, 2 * h - 1), got(w, -2, 2 * h), zero(w, 0, 0);
+    ASSERT_EQ(col[0](low.row(0), low.step(), high.row(0), high.step(), {w, h}, want.row(0), want.step(), 0), StatusOk);
+    for (int n = 0; n <= h; ++n)  // odd row 2n - 1, even row 2n
+        lift[0](low.row(n), high.row(n - 1), high.row(n), n == 0 ? zero.row(0) : got.row(2 * n - 2), got.row(2 * n - 1),
+                got.row(2 * n), w);
+    for (int r = 0; r < 2 * h; ++r)
+        for (int c = 0; c < w; ++c) ASSERT_EQ(got.row(r)[c], want.row(r)[c]) << r << "," << c;
+}
+
+TEST(Jpeg2000Wavelet, ColumnLiftRowByRowMatchesTheColumnPasses) {
+    for (int round = 0; round < rounds(10); ++round) {
+        expectForwardLift53<Vek16s>(vekTable_vekiWTFwdCol_B53_JPEG2K_16s_C1R,
+                                    vekTable_vekiWTFwdColLift_B53_JPEG2K_16s_C1);
+        expectForwardLift53<Vek32s>(vekTable_vekiWTFwdCol_B53_JPEG2K_32s_C1R,
+                                    vekTable_vekiWTFwdColLift_B53_JPEG2K_32s_C1);
+        expectInverseLift53<Vek16s>(vekTable_vekiWTInvCol_B53_JPEG2K_16s_C1R,
+                                    vekTable_vekiWTInvColLift_B53_JPEG2K_16s_C1);
+        expectInverseLift53<Vek32s>(vekTable_vekiWTInvCol_B53_JPEG2K_32s_C1R,
+                                    vekTable_vekiWTInvColLift_B53_JPEG2K_32s_C1);
+        // 9/7 float: the pipeline, primed two pairs early and drained one late
+        // (two rows at least: a band one row high takes the direct filters).
+        const int w = 1 + int(rng()() % 40), h = 2 + int(rng()() % 10);
+        Rows<Vek32f> x(w, -4, 2 * h + 6), low(w, 0, h), high(w, 0, h);
+        ASSERT_EQ(vekTable_vekiWTFwdCol_D97_JPEG2K_32f_C1R[0](x.row(0), x.step(), low.row(0), low.step(), high.row(0),
+                                                              high.step(), {w, h}, 0),
+                  StatusOk);
+        Rows<Vek32f> pool(w, 0, 4);
+        Vek32f *r3 = pool.row(0), *r5 = pool.row(1), *r6 = pool.row(2), *r4 = pool.row(3), *r7 = pool.row(4);
+        for (int n = -2; n <= h + 1; ++n) {
+            vekTable_vekiWTFwdColLift_D97_JPEG2K_32f_C1[0](x.row(2 * n), x.row(2 * n + 1), x.row(2 * n + 2), r3, r4, r5,
+                                                           r6, r7, w);
+            for (int c = 0; c < w; ++c) {
+                if (n - 1 >= 0 && n - 1 < h) {
+                    ASSERT_EQ(r3[c], low.row(n - 1)[c]) << "low " << n - 1;
+                }
+                if (n - 2 >= 0 && n - 2 < h) {
+                    ASSERT_EQ(r5[c], high.row(n - 2)[c]) << "high " << n - 2;
+                }
+            }
+            Vek32f *freeA = r3, *freeB = r5;
+            r3 = r4, r5 = r6, r6 = r7, r4 = freeA, r7 = freeB;
+        }
+        // and back: q1 is the high row the new odd row comes from, q2 the next.
+        Rows<Vek32f> lowB(w, -2, h + 2), highB(w, -2, h + 2), want(w, 0, 2 * h - 1);
+        ASSERT_EQ(vekTable_vekiWTInvCol_D97_JPEG2K_32f_C1R[0](lowB.row(0), lowB.step(), highB.row(0), highB.step(),
+                                                              {w, h}, want.row(0), want.step(), 0),
+                  StatusOk);
+        Vek32f *q3 = pool.row(0), *q4 = pool.row(1), *q5 = pool.row(2), *q6 = pool.row(3), *q7 = pool.row(4);
+        for (int n = -1; n <= h + 1; ++n) {
+            vekTable_vekiWTInvColLift_D97_JPEG2K_32f_C1[0](lowB.row(n), highB.row(n - 1), highB.row(n), q3, q4, q5, q6,
+                                                           q7, w);
+            for (int c = 0; c < w; ++c) {
+                if (n - 1 >= 0 && n - 1 < h) {
+                    ASSERT_EQ(q5[c], want.row(2 * n - 2)[c]) << "even " << 2 * n - 2;
+                }
+                if (n - 2 >= 0 && n - 2 < h) {
+                    ASSERT_EQ(q4[c], want.row(2 * n - 3)[c]) << "odd " << 2 * n - 3;
+                }
+            }
+            Vek32f *freeA = q3, *freeB = q4;
+            q3 = q5, q4 = q6, q5 = q7, q6 = freeA, q7 = freeB;
+        }
+    }
+}
+
+// ---- the two-dimensional level against the separable passes ------------------------------
+
+template <class T, class Level, class Row, class InvLevel, class InvRow>
+void expectSeparable(const Level* level, const Row* row, const InvLevel* invLevel, const InvRow* invRow) {
+    for (int round = 0; round < rounds(12); ++round) {
+        const int w = 2 * (1 + int(rng()() % 12)), h = 2 * (1 + int(rng()() % 12));
+        const VekiRect tile{int(rng()() % 4), int(rng()() % 4), w, h};
+        const bool px = tile.x & 1, py = tile.y & 1;
+        std::vector<T> image = randomVector<T>(w * h), rows(w * h);
+        std::vector<std::vector<T>> bands(4, std::vector<T>(w * h / 4)), got = bands;
+        // rows, then the columns of the result
+        for (int y = 0; y < h; ++y) {
+            std::vector<T> l, hi;
+            forwardLine<T>(
+                row, true, true, px, w / 2, [&](int p) { return image[y * w + reflectPosition(p, w)]; }, l, hi);
+            std::copy(l.begin(), l.end(), rows.begin() + y * w),
+                std::copy(hi.begin(), hi.end(), rows.begin() + y * w + w / 2);
+        }
+        for (int c = 0; c < w; ++c) {
+            std::vector<T> l, hi;
+            forwardLine<T>(
+                row, true, true, py, h / 2, [&](int p) { return rows[reflectPosition(p, h) * w + c]; }, l, hi);
+            for (int i = 0; i < h / 2; ++i)
+                bands[c < w / 2 ? 0 : 2][i * (w / 2) + c % (w / 2)] = l[i],
+                                                                bands[c < w / 2 ? 1 : 3][i * (w / 2) + c % (w / 2)] =
+                                                                    hi[i];
+        }
+        std::vector<Vek8u> buffer(VEK_WT_D97_JPEG2K_BUFFER_SIZE(w, h, int(sizeof(T))));
+        T* out[4] = {got[0].data(), got[1].data(), got[2].data(), got[3].data()};
+        const int steps[4] = {int(w / 2 * sizeof(T)), int(w / 2 * sizeof(T)), int(w / 2 * sizeof(T)),
+                              int(w / 2 * sizeof(T))};
+        ASSERT_EQ(level[0](image.data(), int(w * sizeof(T)), &tile, out, steps, buffer.data()), StatusOk);
+        for (int b = 0; b < 4; ++b)
+            ASSERT_TRUE(got[b] == bands[b])
+                << "band " << b << " " << w << "x" << h << " at " << tile.x << "," << tile.y;
+        // the inverse: columns, then rows
+        for (auto& b : bands) b = randomVector<T>(w * h / 4);
+        std::vector<T> cols(w * h), want(w * h), back(w * h);
+        for (int c = 0; c < w; ++c) {
+            std::vector<T> l(h / 2), hi(h / 2);
+            for (int i = 0; i < h / 2; ++i)
+                l[i] = bands[c < w / 2 ? 0 : 2][i * (w / 2) + c % (w / 2)],
+                hi[i] = bands[c < w / 2 ? 1 : 3][i * (w / 2) + c % (w / 2)];
+            const std::vector<T> line =
+                inverseLine<T>(invRow, true, true, py, h / 2, bandAt(l, hi, h, py, true), bandAt(l, hi, h, py, false));
+            for (int y = 0; y < h; ++y) cols[y * w + c] = line[y];
+        }
+        for (int y = 0; y < h; ++y) {
+            const std::vector<T> l(cols.begin() + y * w, cols.begin() + y * w + w / 2),
+                hi(cols.begin() + y * w + w / 2, cols.begin() + (y + 1) * w);
+            const std::vector<T> line =
+                inverseLine<T>(invRow, true, true, px, w / 2, bandAt(l, hi, w, px, true), bandAt(l, hi, w, px, false));
+            std::copy(line.begin(), line.end(), want.begin() + y * w);
+        }
+        const T* in[4] = {bands[0].data(), bands[1].data(), bands[2].data(), bands[3].data()};
+        ASSERT_EQ(invLevel[0](in, steps, &tile, back.data(), int(w * sizeof(T)), buffer.data()), StatusOk);
+        ASSERT_TRUE(back == want) << "inverse " << w << "x" << h << " at " << tile.x << "," << tile.y;
+    }
+}
+
+TEST(Jpeg2000Wavelet, LevelMatchesTheSeparablePassesAndTakesItsPhaseFromThePosition) {
+    expectSeparable<Vek16s>(vekTable_vekiWTFwd_D97_JPEG2K_16s_C1R, vekTable_vekiWTFwdRow_D97_JPEG2K_16s_C1R,
+                            vekTable_vekiWTInv_D97_JPEG2K_16s_C1R, vekTable_vekiWTInvRow_D97_JPEG2K_16s_C1R);
+    expectSeparable<Vek32s>(vekTable_vekiWTFwd_D97_JPEG2K_32s_C1R, vekTable_vekiWTFwdRow_D97_JPEG2K_32s_C1R,
+                            vekTable_vekiWTInv_D97_JPEG2K_32s_C1R, vekTable_vekiWTInvRow_D97_JPEG2K_32s_C1R);
+    // An odd extent keeps phase 0 wherever the tile lies.
+    const int w = 7, h = 5;
+    const std::vector<Vek32s> image = randomVector<Vek32s>(w * h);
+    std::vector<Vek32s> at0(w * h), at1(w * h);
+    std::vector<Vek8u> buffer(VEK_WT_D97_JPEG2K_BUFFER_SIZE(w, h, 4));
+    for (const VekiRect& tile : {VekiRect{0, 0, w, h}, VekiRect{1, 3, w, h}}) {
+        std::vector<Vek32s>& out = tile.x == 0 ? at0 : at1;
+        Vek32s* bands[4] = {out.data(), out.data() + 12, out.data() + 20, out.data() + 29};
+        const int steps[4] = {16, 16, 12, 12};
+        ASSERT_EQ(vekTable_vekiWTFwd_D97_JPEG2K_32s_C1R[0](image.data(), w * 4, &tile, bands, steps, buffer.data()),
+                  StatusOk);
+    }
+    EXPECT_TRUE(at0 == at1);
+}
+
+// ---- the rules at entry, on every level ----------------------------------------------------
+
+// Pointers, then steps, then sizes (the passes); pointers, then the width
+// (ColLift); the level's long list; a failed check writes nothing.
+TEST(Jpeg2000Wavelet, ChecksInOrderAndNothingWritten) {
+    onEveryLevel([](int level) {
+        Vek32f in[64] = {}, lo[8], hi[8];
+        for (int i = 0; i < 8; ++i) lo[i] = hi[i] = 7.0f;
+        auto fwd = [&](const Vek32f* s, Vek32f* l, int step, VekiSize roi) {
+            return vekTable_vekiWTFwdRow_D97_JPEG2K_32f_C1R[level](s, 32, l, step, hi, 16, roi, 0);
+        };
+        EXPECT_EQ(fwd(nullptr, lo, 0, {0, 0}), StatusNullPointer);
+        EXPECT_EQ(fwd(in + 8, nullptr, 16, {2, 2}), StatusNullPointer);
+        EXPECT_EQ(fwd(in + 8, lo, 0, {0, 0}), StatusStep);
+        EXPECT_EQ(fwd(in + 8, lo, 16, {0, 2}), StatusSize);
+        EXPECT_EQ(vekTable_vekiWTInvCol_D97_JPEG2K_32f_C1R[level](in + 8, 16, in + 8, 16, {2, 0}, lo, -16, 0),
+                  StatusStep);
+        EXPECT_EQ(vekTable_vekiWTInvCol_D97_JPEG2K_32f_C1R[level](in + 8, 16, nullptr, 0, {2, 0}, lo, 16, 0),
+                  StatusNullPointer);
+        EXPECT_EQ(vekTable_vekiWTFwdColLift_D97_JPEG2K_32f_C1[level](in, in, in, lo, lo, hi, hi, nullptr, 0),
+                  StatusNullPointer);
+        EXPECT_EQ(vekTable_vekiWTFwdColLift_D97_JPEG2K_32f_C1[level](in, in, in, lo, lo, hi, hi, hi, 0), StatusSize);
+        for (int i = 0; i < 8; ++i) ASSERT_TRUE(lo[i] == 7.0f && hi[i] == 7.0f);
+
+        Vek16s image[16] = {}, band[4] = {9, 9, 9, 9};
+        Vek16s* bands[4] = {band, band, band, band};
+        Vek16s* noBand[4] = {band, band, nullptr, band};
+        const int steps[4] = {2, 2, 2, 2}, badSteps[4] = {2, 2, 2, 0};
+        const VekiRect tile{0, 0, 2, 2}, empty{0, 0, 2, 0};
+        Vek8u buffer[VEK_WT_D97_JPEG2K_BUFFER_SIZE(2, 2, 2)];
+        auto level2 = [&](const Vek16s* s, int step, const VekiRect* r, Vek16s* const* b, const int* st, Vek8u* buf) {
+            return vekTable_vekiWTFwd_D97_JPEG2K_16s_C1R[level](s, step, r, b, st, buf);
+        };
+        EXPECT_EQ(level2(image, 0, &tile, noBand, badSteps, nullptr), StatusNullPointer);  // the buffer, first
+        EXPECT_EQ(level2(image, 4, nullptr, bands, steps, buffer), StatusNullPointer);
+        EXPECT_EQ(level2(image, 0, &empty, noBand, badSteps, buffer), StatusStep);         // the image step
+        EXPECT_EQ(level2(image, 4, &empty, noBand, badSteps, buffer), StatusNullPointer);  // then the bands
+        EXPECT_EQ(level2(image, 4, &empty, bands, badSteps, buffer), StatusStep);          // their steps
+        EXPECT_EQ(level2(image, 4, &empty, bands, steps, buffer), StatusSize);             // the tile last
+        const Vek16s* in4[4] = {band, band, band, band};
+        EXPECT_EQ(vekTable_vekiWTInv_D97_JPEG2K_16s_C1R[level](in4, badSteps, &tile, image, 4, buffer), StatusStep);
+        for (Vek16s v : band) EXPECT_EQ(v, 9);
+        for (Vek16s v : image) EXPECT_EQ(v, 0);
+    });
+}
+
 }  // namespace
 }  // namespace vektest
