@@ -369,17 +369,11 @@ struct SampleSink {
 
 constexpr int kScratchRows = 8;  // rows of intermediate coefficients outside the bands
 
-// The rows of a vertical transform.  stage0Low(i) / stage0High(i): the
-// input rows of each sequence (samples for the forward, band rows for the
-// inverse, extension included); storeLow(i) / storeHigh(i): where the
-// sequence's in-range rows are transformed and left; scratch[k]: rows for
-// the coefficients outside the bands.
-template <class T, class Rows>
-struct ColumnRows {
-    Rows rows;
-    T* scratch[kScratchRows];
-};
-
+// The rows of a vertical transform come from `rows`: stage0Low(i) and
+// stage0High(i), the input rows of each sequence (samples for the forward,
+// band rows for the inverse, extension included); storeLow(i) and
+// storeHigh(i), where the sequence's in-range rows are transformed and
+// left.  scratch[k] are rows for the coefficients outside the bands.
 // Every step of P down columns of `width` samples, in an order that keeps
 // only a few rows live: at turn k step s works on index k - lag[s], late
 // enough that the rows it reads are ready and early enough that no row is
