@@ -322,11 +322,60 @@ VEK_EXPORT(vekiJoin422LS_MCU_16s8u_P3C2R,        plain, plain, sse2,  sse2,  sse
 
 
 // ---- JPEG 2000: wavelet transforms (jpeg2000/) ----------------------------
-// (the family's exports go here)
+// The float 9/7 members in float vectors from SSE; the integer members from
+// SSE2 (5/3 in lanes of the sample width, the 16-bit 9/7 by pmaddwd, the
+// 32-bit 9/7 with 64-bit products, in one multiply from SSE4.1); AVX2 and
+// AVX-512 widen every member.
+VEK_EXPORT(vekiWTFwdRow_B53_JPEG2K_16s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDstLow, int dstLowStep, Vek16s* pDstHigh, int dstHighStep, VekiSize roiSize, Vek32u phase))
+VEK_EXPORT(vekiWTFwdRow_B53_JPEG2K_32s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek32s* pSrc, int srcStep, Vek32s* pDstLow, int dstLowStep, Vek32s* pDstHigh, int dstHighStep, VekiSize roiSize, Vek32u phase))
+VEK_EXPORT(vekiWTFwdRow_D97_JPEG2K_16s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDstLow, int dstLowStep, Vek16s* pDstHigh, int dstHighStep, VekiSize roiSize, Vek32u phase))
+VEK_EXPORT(vekiWTFwdRow_D97_JPEG2K_32s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek32s* pSrc, int srcStep, Vek32s* pDstLow, int dstLowStep, Vek32s* pDstHigh, int dstHighStep, VekiSize roiSize, Vek32u phase))
+VEK_EXPORT(vekiWTFwdRow_D97_JPEG2K_32f_C1R,    plain, sse,   sse,   sse,   sse,   sse,   avx2,  avx512, VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* pDstLow, int dstLowStep, Vek32f* pDstHigh, int dstHighStep, VekiSize roiSize, Vek32u phase))
+VEK_EXPORT(vekiWTFwdCol_B53_JPEG2K_16s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDstLow, int dstLowStep, Vek16s* pDstHigh, int dstHighStep, VekiSize roiSize, Vek32u phase))
+VEK_EXPORT(vekiWTFwdCol_B53_JPEG2K_32s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek32s* pSrc, int srcStep, Vek32s* pDstLow, int dstLowStep, Vek32s* pDstHigh, int dstHighStep, VekiSize roiSize, Vek32u phase))
+VEK_EXPORT(vekiWTFwdCol_D97_JPEG2K_32f_C1R,    plain, sse,   sse,   sse,   sse,   sse,   avx2,  avx512, VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* pDstLow, int dstLowStep, Vek32f* pDstHigh, int dstHighStep, VekiSize roiSize, Vek32u phase))
+VEK_EXPORT(vekiWTFwdColLift_B53_JPEG2K_16s_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrc0, const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDstLow, const Vek16s* pSrcHighPrev, Vek16s* pDstHigh, int width))
+VEK_EXPORT(vekiWTFwdColLift_B53_JPEG2K_32s_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek32s* pSrc0, const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDstLow, const Vek32s* pSrcHighPrev, Vek32s* pDstHigh, int width))
+VEK_EXPORT(vekiWTFwdColLift_D97_JPEG2K_16s_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrc0, const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pSrcDstLow, Vek16s* pDstLow, Vek16s* pSrcDstHighPrev, Vek16s* pSrcDstHigh, Vek16s* pDstHigh, int width))
+VEK_EXPORT(vekiWTFwdColLift_D97_JPEG2K_32s_C1, plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek32s* pSrc0, const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pSrcDstLow, Vek32s* pDstLow, Vek32s* pSrcDstHighPrev, Vek32s* pSrcDstHigh, Vek32s* pDstHigh, int width))
+VEK_EXPORT(vekiWTFwdColLift_D97_JPEG2K_32f_C1, plain, sse,   sse,   sse,   sse,   sse,   avx2,  avx512, VekStatus, (const Vek32f* pSrc0, const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pSrcDstLow, Vek32f* pDstLow, Vek32f* pSrcDstHighPrev, Vek32f* pSrcDstHigh, Vek32f* pDstHigh, int width))
+VEK_EXPORT(vekiWTInvRow_B53_JPEG2K_16s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrcLow, int srcLowStep, const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize, Vek16s* pDst, int dstStep, Vek32u phase))
+VEK_EXPORT(vekiWTInvRow_B53_JPEG2K_32s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek32s* pSrcLow, int srcLowStep, const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize, Vek32s* pDst, int dstStep, Vek32u phase))
+VEK_EXPORT(vekiWTInvRow_D97_JPEG2K_16s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrcLow, int srcLowStep, const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize, Vek16s* pDst, int dstStep, Vek32u phase))
+VEK_EXPORT(vekiWTInvRow_D97_JPEG2K_32s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek32s* pSrcLow, int srcLowStep, const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize, Vek32s* pDst, int dstStep, Vek32u phase))
+VEK_EXPORT(vekiWTInvRow_D97_JPEG2K_32f_C1R,    plain, sse,   sse,   sse,   sse,   sse,   avx2,  avx512, VekStatus, (const Vek32f* pSrcLow, int srcLowStep, const Vek32f* pSrcHigh, int srcHighStep, VekiSize roiSize, Vek32f* pDst, int dstStep, Vek32u phase))
+VEK_EXPORT(vekiWTInvCol_B53_JPEG2K_16s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrcLow, int srcLowStep, const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize, Vek16s* pDst, int dstStep, Vek32u phase))
+VEK_EXPORT(vekiWTInvCol_B53_JPEG2K_32s_C1R,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek32s* pSrcLow, int srcLowStep, const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize, Vek32s* pDst, int dstStep, Vek32u phase))
+VEK_EXPORT(vekiWTInvCol_D97_JPEG2K_32f_C1R,    plain, sse,   sse,   sse,   sse,   sse,   avx2,  avx512, VekStatus, (const Vek32f* pSrcLow, int srcLowStep, const Vek32f* pSrcHigh, int srcHighStep, VekiSize roiSize, Vek32f* pDst, int dstStep, Vek32u phase))
+VEK_EXPORT(vekiWTInvColLift_B53_JPEG2K_16s_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrcLow, const Vek16s* pSrcHighPrev, const Vek16s* pSrcHigh, const Vek16s* pSrcEvenPrev, Vek16s* pDstOdd, Vek16s* pDstEven, int width))
+VEK_EXPORT(vekiWTInvColLift_B53_JPEG2K_32s_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek32s* pSrcLow, const Vek32s* pSrcHighPrev, const Vek32s* pSrcHigh, const Vek32s* pSrcEvenPrev, Vek32s* pDstOdd, Vek32s* pDstEven, int width))
+VEK_EXPORT(vekiWTInvColLift_D97_JPEG2K_16s_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrcLow, const Vek16s* pSrcHigh, const Vek16s* pSrcHighPrev, const Vek16s* pSrcEvenPrev, Vek16s* pSrcDstOdd, Vek16s* pSrcDstEven, Vek16s* pDstOdd, Vek16s* pDstEven, int width))
+VEK_EXPORT(vekiWTInvColLift_D97_JPEG2K_32s_C1, plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek32s* pSrcLow, const Vek32s* pSrcHigh, const Vek32s* pSrcHighPrev, const Vek32s* pSrcEvenPrev, Vek32s* pSrcDstOdd, Vek32s* pSrcDstEven, Vek32s* pDstOdd, Vek32s* pDstEven, int width))
+VEK_EXPORT(vekiWTInvColLift_D97_JPEG2K_32f_C1, plain, sse,   sse,   sse,   sse,   sse,   avx2,  avx512, VekStatus, (const Vek32f* pSrcLow, const Vek32f* pSrcHigh, const Vek32f* pSrcHighPrev, const Vek32f* pSrcEvenPrev, Vek32f* pSrcDstOdd, Vek32f* pSrcDstEven, Vek32f* pDstOdd, Vek32f* pDstEven, int width))
+VEK_EXPORT(vekiWTFwd_D97_JPEG2K_16s_C1R,       plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* pSrc, int srcStep, const VekiRect* pTileRect, Vek16s* const pDst[4], const int dstStep[4], Vek8u* pBuffer))
+VEK_EXPORT(vekiWTFwd_D97_JPEG2K_32s_C1R,       plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek32s* pSrc, int srcStep, const VekiRect* pTileRect, Vek32s* const pDst[4], const int dstStep[4], Vek8u* pBuffer))
+VEK_EXPORT(vekiWTInv_D97_JPEG2K_16s_C1R,       plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16s* const pSrc[4], const int srcStep[4], const VekiRect* pTileRect, Vek16s* pDst, int dstStep, Vek8u* pBuffer))
+VEK_EXPORT(vekiWTInv_D97_JPEG2K_32s_C1R,       plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek32s* const pSrc[4], const int srcStep[4], const VekiRect* pTileRect, Vek32s* pDst, int dstStep, Vek8u* pBuffer))
 
 
 // ---- JPEG 2000: component transforms (jpeg2000/) --------------------------
-// (the family's exports go here)
+// SSE2 from level 2 (integer lanes, pmaddwd for the 16-bit ICT, doubles for
+// the float ICT); SSE4.1 multiplies the 32-bit ICT's 64-bit products in one
+// instruction; AVX2 and AVX-512 widen every member.
+VEK_EXPORT(vekiRCTFwd_JPEG2K_16s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTFwd_JPEG2K_32s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTFwd_JPEG2K_32s_C3P3R, plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (const Vek32s* pSrc, int srcStep, Vek32s* const pDst[3], int dstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTInv_JPEG2K_16s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTInv_JPEG2K_32s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiRCTInv_JPEG2K_32s_P3C3R, plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (const Vek32s* const pSrc[3], int srcStep, Vek32s* pDst, int dstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTFwd_JPEG2K_16s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTFwd_JPEG2K_32s_P3IR,  plain, plain, sse2, sse2, sse2, sse41, avx2, avx512, VekStatus, (Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTFwd_JPEG2K_32f_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTFwd_JPEG2K_32f_C3P3R, plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3], int dstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTInv_JPEG2K_16s_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTInv_JPEG2K_32s_P3IR,  plain, plain, sse2, sse2, sse2, sse41, avx2, avx512, VekStatus, (Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTInv_JPEG2K_32f_P3IR,  plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize))
+VEK_EXPORT(vekiICTInv_JPEG2K_32f_P3C3R, plain, plain, sse2, sse2, sse2, sse2,  avx2, avx512, VekStatus, (const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst, int dstStep, VekiSize roiSize))
 
 
 // ---- video: motion compensation and block differences (video/) ------------

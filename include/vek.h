@@ -1273,13 +1273,327 @@ VEK_API VekStatus VEK_CALL vekiJoin422LS_MCU_16s8u_P3C2R(const Vek16s* const pSr
  * JPEG 2000: wavelet transforms
  * 5/3 and 9/7 wavelet passes and the two-dimensional 9/7 level.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* One level of the JPEG 2000 discrete wavelet transform, by lifting: the
+ * reversible 5/3 filter (B53) and the irreversible 9/7 filter (D97), as
+ * one-dimensional passes over rows (Row) or columns (Col), a vertical pass
+ * fed a pair of rows at a time (ColLift), and a whole 9/7 level over a tile.
+ *
+ * Lines and bands.  A line of samples x[p] (a row, or a column reached
+ * through the step) splits into a low band L and a high band H, each of
+ * roiSize.width coefficients per row (Row) or roiSize.height rows (Col):
+ *   phase 0 (the first sample has an even coordinate): L[i] comes from
+ *     position 2i, H[i] from 2i + 1;
+ *   phase != 0 (odd): H[i] from position 2i, L[i] from 2i + 1.
+ * The forward passes read the samples and write the two bands; the inverse
+ * passes read the bands and write 2 * width samples interleaved (the
+ * inverse of the forward with the same phase).
+ *
+ * Border extension is the caller's: pSrc points at sample 0, and the samples
+ * around the line must hold its symmetric extension.  Exactly these are
+ * read (w = the band width; for Col, rows reached through the step):
+ *   forward 5/3, phase 0:  x[-2] .. x[2w]       phase 1: x[-1] .. x[2w+1]
+ *   forward 9/7, phase 0:  x[-4] .. x[2w+2]     phase 1: x[-3] .. x[2w+3]
+ *   inverse 5/3, phase 0:  L[0] .. L[w],   H[-1] .. H[w]
+ *                phase 1:  L[-1] .. L[w-1], H[-1] .. H[w]
+ *   inverse 9/7, phase 0:  L[-1] .. L[w+1], H[-2] .. H[w+1]
+ *                phase 1:  L[-2] .. L[w],   H[-2] .. H[w+1]
+ * The band values beyond the ends are those of the symmetric extension of
+ * the interleaved coefficients (the forward's own values there).
+ *
+ * 5/3 (16s, 32s), arithmetic shifts (toward minus infinity); phase 0:
+ *   H[i] = x[2i+1] - ((x[2i] + x[2i+2]) >> 1)
+ *   L[i] = x[2i] + ((H[i-1] + H[i] + 2) >> 2)
+ * phase 1: H[i] = x[2i] - ((x[2i-1] + x[2i+1]) >> 1),
+ *          L[i] = x[2i+1] + ((H[i] + H[i+1] + 2) >> 2).
+ * The inverse undoes them: L - ((Hprev + H + 2) >> 2) gives the samples at
+ * the low positions, then H + ((their neighbours' sum) >> 1) the others.
+ * Sums are exact; every stored coefficient keeps its type's low bits (it
+ * wraps, it does not saturate), and the update step uses the wrapped high.
+ *
+ * 9/7 float (32f), single precision, no fused multiply-add, every level the
+ * same operations in the same order.  With s the neighbours' sum (b + c)
+ * each step is a + k s (computed as s, then k s, then a + k s); phase 0:
+ *   1. H[i] += alpha (x[2i] + x[2i+2])             alpha = -1.5861343
+ *   2. L[i] += beta (H[i-1] + H[i])                beta  = -0.052980117
+ *   3. H[i] += gamma (L[i] + L[i+1])               gamma =  0.8829111
+ *   4. L[i] = (L[i] + delta (H[i-1] + H[i])) * 0.8128931 (1/K),
+ *                                                  delta =  0.44350687
+ *   5. H[i] *= 1.2301741 (K)
+ * (phase 1 with the neighbours shifted as for the 5/3).  The inverse:
+ *   L = K L + (-0.36052364) s (K L and the product each rounded, then
+ *   added), H = (1/K) H + (-gamma) s, L += -beta s, H += -alpha s.
+ *
+ * 9/7 fixed point (16s, 32s), Q16: each step is
+ *   (CA a + CB s + 32768) >> 16
+ * with exact 64-bit products and an arithmetic shift; CA = 65536 where the
+ * step adds to the coefficient.  alpha -103949, beta -3472, gamma 57862,
+ * delta 29066, K 80621, 1/K 53274, delta/K 23627.  Forward order: alpha,
+ * beta, gamma; then, for every low coefficient of a line but its last,
+ * delta and 1/K folded: (23627 s + 53274 L + 32768) >> 16; the line's last
+ * low coefficient takes two roundings: L + ((29066 s + 32768) >> 16), then
+ * (that * 53274 + 32768) >> 16; the high coefficients then
+ * (80621 H + 32768) >> 16.  Inverse order: (80621 L - 23627 s) rounded, for
+ * the line's last low coefficient in two roundings as the forward's mirror
+ * ((80621 L + 32768) >> 16, then that + ((-23627 s + 32768) >> 16));
+ * (53274 H - 57862 s); L + (3472 s); H + (103949 s).  _16s saturates every
+ * step's result to -32768..32767; _32s keeps the low 32 bits.
+ *
+ * Band width 1 (9/7 Row passes, and Col passes with one row per band): no
+ * lifting; the direct filters on the extended line.  Forward, with c the low
+ * position (phase) and d the high one (1 - phase):
+ *   L = 0.602949 x[c] + 0.26686412 (x[c-1] + x[c+1]) - 0.078223266 (x[c-2]
+ *       + x[c+2]) - 0.01686412 (x[c-3] + x[c+3]) + 0.026748758 (x[c-4] +
+ *       x[c+4])
+ *   H = 1.115087 x[d] - 0.59127176 (x[d-1] + x[d+1]) - 0.057543527 (x[d-2]
+ *       + x[d+2]) + 0.091271766 (x[d-3] + x[d+3])
+ * The inverse uses the matching synthesis filters on the interleaved
+ * coefficients y (positions as above, the bands' extension supplied):
+ *   at a low position p:  1.115087 y[p] - 0.26686412 (y[p-1] + y[p+1])
+ *       - 0.057543527 (y[p-2] + y[p+2]) + 0.01686412 (y[p-3] + y[p+3])
+ *   at a high position p: 0.602949 y[p] + 0.59127176 (y[p-1] + y[p+1])
+ *       - 0.078223266 (y[p-2] + y[p+2]) - 0.091271766 (y[p-3] + y[p+3])
+ *       + 0.026748758 (y[p-4] + y[p+4])
+ * (the inverse of the forward in exact arithmetic).  Float: the centre
+ * product, then each pair's sum times its tap added in turn.  Q16 taps:
+ * forward low 39515, 17489, -5126, -1105, 1753; forward high 73078, -38749,
+ * -3771, 5982; inverse low position 73078, -17489, -3771, 1105; inverse
+ * high position 39515, 38749, -5126, -5981, 1753.  _16s sums the exact
+ * products, rounds once ((sum + 32768) >> 16) and saturates (like every
+ * other 16-bit step); _32s rounds each tap's product on its own and sums
+ * the rounded terms.
+ *
+ * Checks (Row and Col), in this order: a null image or band pointer ->
+ * StatusNullPointer; any step below 1 -> StatusStep; roiSize.width or
+ * .height below 1 -> StatusSize.  Nothing is written on failure.  Bands and
+ * image must not overlap.
+ */
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_B53_JPEG2K_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDstLow,
+                                                           int dstLowStep, Vek16s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_B53_JPEG2K_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDstLow,
+                                                           int dstLowStep, Vek32s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_D97_JPEG2K_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDstLow,
+                                                           int dstLowStep, Vek16s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_D97_JPEG2K_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDstLow,
+                                                           int dstLowStep, Vek32s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_D97_JPEG2K_32f_C1R(const Vek32f* pSrc, int srcStep, Vek32f* pDstLow,
+                                                           int dstLowStep, Vek32f* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdCol_B53_JPEG2K_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDstLow,
+                                                           int dstLowStep, Vek16s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdCol_B53_JPEG2K_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDstLow,
+                                                           int dstLowStep, Vek32s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdCol_D97_JPEG2K_32f_C1R(const Vek32f* pSrc, int srcStep, Vek32f* pDstLow,
+                                                           int dstLowStep, Vek32f* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_B53_JPEG2K_16s_C1R(const Vek16s* pSrcLow, int srcLowStep,
+                                                           const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek16s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_B53_JPEG2K_32s_C1R(const Vek32s* pSrcLow, int srcLowStep,
+                                                           const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_D97_JPEG2K_16s_C1R(const Vek16s* pSrcLow, int srcLowStep,
+                                                           const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek16s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_D97_JPEG2K_32s_C1R(const Vek32s* pSrcLow, int srcLowStep,
+                                                           const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_D97_JPEG2K_32f_C1R(const Vek32f* pSrcLow, int srcLowStep,
+                                                           const Vek32f* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32f* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvCol_B53_JPEG2K_16s_C1R(const Vek16s* pSrcLow, int srcLowStep,
+                                                           const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek16s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvCol_B53_JPEG2K_32s_C1R(const Vek32s* pSrcLow, int srcLowStep,
+                                                           const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvCol_D97_JPEG2K_32f_C1R(const Vek32f* pSrcLow, int srcLowStep,
+                                                           const Vek32f* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32f* pDst, int dstStep, Vek32u phase);
+
+/* Vertical lifting a pair of rows at a time: the caller keeps the rows of
+ * the lifting in buffers of its own and calls once per pair of source rows;
+ * each call works sample by sample over `width` samples (every step of a
+ * sample before the next sample, so a row given for two roles is read and
+ * written as such) and touches only the rows given.  Checks: a null row ->
+ * StatusNullPointer, width below 1 -> StatusSize.  Arithmetic as for the
+ * passes above.
+ * 5/3 forward (x0, x1, x2 = rows 2n, 2n+1, 2n+2; low row n; high row n-1
+ *   from the previous call; high row n):
+ *   high = x1 - ((x0 + x2) >> 1); low = x0 + ((highPrev + high + 2) >> 2).
+ * 5/3 inverse (low row n, high rows n-1 and n, the even row 2n-2 of the
+ *   previous call; out: odd row 2n-1, even row 2n):
+ *   even = low - ((highPrev + high + 2) >> 2); odd = highPrev + ((evenPrev
+ *   + even) >> 1).
+ * 9/7 forward, a pipeline of eight rows r0..r7 (pSrc0..pDstHigh): r0..r2
+ *   source rows 2n..2n+2; r3 the low row after step 2 from the previous
+ *   call (finished here); r4 out: the new low row after step 2; r5 the high
+ *   row after step 3 from the previous call (finished here); r6 the high row
+ *   after step 1 from the previous call (taken to step 3); r7 out: the new
+ *   high row after step 1.  In order: r7 = r1 + alpha (r0 + r2); r4 = r0 +
+ *   beta (r6 + r7); r6 += gamma (r3 + r4); r3 = (r3 + delta (r5 + r6)) * 1/K;
+ *   r5 *= K.  The finished low row trails the source by one pair of rows,
+ *   the high row by two; priming and draining the pipeline is the caller's.
+ *   Fixed point: each of these is rounded on its own (the delta and 1/K of
+ *   r3 in two roundings, as for a line's last low coefficient).
+ * 9/7 inverse, q0..q7 (pSrcLow..pDstEven): q0 the low row n; q1 and q2
+ *   the high rows on either side of it, q1 the one before (high row n-1,
+ *   from which the new odd row comes), q2 the one after (high row n); q3 the
+ *   even row the previous call finished; q4 and q5 the odd and even rows in
+ *   progress (finished here); q6 and q7 out: the new odd (at step 3 -> 1)
+ *   and even (at step 2) rows.  In order: q7 = K q0 - delta/K (q1 + q2);
+ *   q6 = 1/K q1 - gamma (q5 + q7); q5 -= beta (q4 + q6); q4 -= alpha (q3 +
+ *   q5).  After the call q5 holds the finished even row 2n-2 and q4 the
+ *   finished odd row 2n-3. */
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_B53_JPEG2K_16s_C1(const Vek16s* pSrc0, const Vek16s* pSrc1,
+                                                              const Vek16s* pSrc2, Vek16s* pDstLow,
+                                                              const Vek16s* pSrcHighPrev, Vek16s* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_B53_JPEG2K_32s_C1(const Vek32s* pSrc0, const Vek32s* pSrc1,
+                                                              const Vek32s* pSrc2, Vek32s* pDstLow,
+                                                              const Vek32s* pSrcHighPrev, Vek32s* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_D97_JPEG2K_16s_C1(const Vek16s* pSrc0, const Vek16s* pSrc1,
+                                                              const Vek16s* pSrc2, Vek16s* pSrcDstLow, Vek16s* pDstLow,
+                                                              Vek16s* pSrcDstHighPrev, Vek16s* pSrcDstHigh,
+                                                              Vek16s* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_D97_JPEG2K_32s_C1(const Vek32s* pSrc0, const Vek32s* pSrc1,
+                                                              const Vek32s* pSrc2, Vek32s* pSrcDstLow, Vek32s* pDstLow,
+                                                              Vek32s* pSrcDstHighPrev, Vek32s* pSrcDstHigh,
+                                                              Vek32s* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_D97_JPEG2K_32f_C1(const Vek32f* pSrc0, const Vek32f* pSrc1,
+                                                              const Vek32f* pSrc2, Vek32f* pSrcDstLow, Vek32f* pDstLow,
+                                                              Vek32f* pSrcDstHighPrev, Vek32f* pSrcDstHigh,
+                                                              Vek32f* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_B53_JPEG2K_16s_C1(const Vek16s* pSrcLow, const Vek16s* pSrcHighPrev,
+                                                              const Vek16s* pSrcHigh, const Vek16s* pSrcEvenPrev,
+                                                              Vek16s* pDstOdd, Vek16s* pDstEven, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_B53_JPEG2K_32s_C1(const Vek32s* pSrcLow, const Vek32s* pSrcHighPrev,
+                                                              const Vek32s* pSrcHigh, const Vek32s* pSrcEvenPrev,
+                                                              Vek32s* pDstOdd, Vek32s* pDstEven, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_D97_JPEG2K_16s_C1(const Vek16s* pSrcLow, const Vek16s* pSrcHigh,
+                                                              const Vek16s* pSrcHighPrev, const Vek16s* pSrcEvenPrev,
+                                                              Vek16s* pSrcDstOdd, Vek16s* pSrcDstEven, Vek16s* pDstOdd,
+                                                              Vek16s* pDstEven, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_D97_JPEG2K_32s_C1(const Vek32s* pSrcLow, const Vek32s* pSrcHigh,
+                                                              const Vek32s* pSrcHighPrev, const Vek32s* pSrcEvenPrev,
+                                                              Vek32s* pSrcDstOdd, Vek32s* pSrcDstEven, Vek32s* pDstOdd,
+                                                              Vek32s* pDstEven, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_D97_JPEG2K_32f_C1(const Vek32f* pSrcLow, const Vek32f* pSrcHigh,
+                                                              const Vek32f* pSrcHighPrev, const Vek32f* pSrcEvenPrev,
+                                                              Vek32f* pSrcDstOdd, Vek32f* pSrcDstEven, Vek32f* pDstOdd,
+                                                              Vek32f* pDstEven, int width);
+
+/* The two-dimensional 9/7 level on a tile of integer samples (Q16 as
+ * above).  pTileRect gives the tile's position (x, y) and size (width w,
+ * height h); pSrc (forward) or pDst (inverse) points at its first sample.
+ * The four bands, in order: low horizontally and vertically (ceil(w/2) x
+ * ceil(h/2)); low horizontally, high vertically (ceil(w/2) x floor(h/2));
+ * high horizontally, low vertically (floor(w/2) x ceil(h/2)); high in both
+ * (floor(w/2) x floor(h/2)).  The inverse takes the forward's arguments
+ * with sources and destination exchanged.
+ *
+ * The forward transforms each row (its symmetric extension made here),
+ * writing the work buffer's rows, then the columns of the low and of the
+ * high half into the bands; the inverse undoes the columns into the work
+ * buffer, then each row into the tile.  Rows and columns take the Row
+ * pass's arithmetic exactly (so a band width of 1, a line of 2 samples,
+ * takes the direct filters; a line of 1 sample is its own low band).
+ * Phase: each direction's phase is the parity of the tile's coordinate (x
+ * for rows, y for columns) when its extent is even; an odd extent is
+ * transformed in phase 0 whatever its coordinate (the band sizes above
+ * are those of an even coordinate).
+ *
+ * The work buffer: the tile's h rows at a pitch of w * sizeof(sample)
+ * rounded up to a multiple of 32 bytes, then 8 rows for the lifting's
+ * intermediate coefficients: VEK_WT_D97_JPEG2K_BUFFER_SIZE(w, h, sizeof
+ * (sample)) bytes, which the functions never pass; aligned to the sample
+ * size at least.  Its contents afterwards are unspecified.
+ *
+ * Checks, in this order: the image, the band-pointer array, the step array,
+ * the rectangle or the buffer null -> StatusNullPointer; the image step
+ * below 1 -> StatusStep; any band pointer null -> StatusNullPointer; any
+ * band step below 1 -> StatusStep; the tile's width or height below 1 ->
+ * StatusSize.  Nothing is written on failure. */
+#define VEK_WT_D97_JPEG2K_PITCH(width, sampleBytes) ((((width) * (sampleBytes)) + 31) & ~31)
+#define VEK_WT_D97_JPEG2K_BUFFER_SIZE(width, height, sampleBytes) \
+    (VEK_WT_D97_JPEG2K_PITCH(width, sampleBytes) * ((height) + 8))
+VEK_API VekStatus VEK_CALL vekiWTFwd_D97_JPEG2K_16s_C1R(const Vek16s* pSrc, int srcStep, const VekiRect* pTileRect,
+                                                        Vek16s* const pDst[4], const int dstStep[4], Vek8u* pBuffer);
+VEK_API VekStatus VEK_CALL vekiWTFwd_D97_JPEG2K_32s_C1R(const Vek32s* pSrc, int srcStep, const VekiRect* pTileRect,
+                                                        Vek32s* const pDst[4], const int dstStep[4], Vek8u* pBuffer);
+VEK_API VekStatus VEK_CALL vekiWTInv_D97_JPEG2K_16s_C1R(const Vek16s* const pSrc[4], const int srcStep[4],
+                                                        const VekiRect* pTileRect, Vek16s* pDst, int dstStep,
+                                                        Vek8u* pBuffer);
+VEK_API VekStatus VEK_CALL vekiWTInv_D97_JPEG2K_32s_C1R(const Vek32s* const pSrc[4], const int srcStep[4],
+                                                        const VekiRect* pTileRect, Vek32s* pDst, int dstStep,
+                                                        Vek8u* pBuffer);
 
 /* ======================================================================
  * JPEG 2000: component transforms
  * The reversible (RCT) and irreversible (ICT) component transforms.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Three components per pixel, transformed pixel by pixel: all three inputs
+ * of a pixel are read before any of its outputs is written.
+ *   _P3IR (pSrcDst, srcDstStep, roiSize): three planes in place, the plane
+ *     pointers in an array, sharing one step.
+ *   _C3P3R (pSrc, srcStep, pDst, dstStep, roiSize): interleaved pixels
+ *     (R, G, B) to three planes.
+ *   _P3C3R (pSrc, srcStep, pDst, dstStep, roiSize): three planes to
+ *     interleaved pixels (channels 0, 1, 2 = planes 0, 1, 2).
+ * Plane 0 holds R (forward input) or Y, plane 1 G or the first chroma (U,
+ * Cb), plane 2 B or the second chroma (V, Cr).  Steps are in bytes.
+ *
+ * Checks, in this order: a null plane array, a null plane (0, 1, 2) or a
+ * null interleaved image -> StatusNullPointer; a step below 1 (the source's
+ * first) -> StatusStep; roiSize.width or .height below 1 -> StatusSize.
+ * Nothing is written on failure.  Source and destination must not overlap.
+ *
+ * RCT (exact; shifts are arithmetic, rounding toward minus infinity):
+ *   forward  Y = (R + 2G + B) >> 2,  U = B - G,  V = R - G
+ *   inverse  G = Y - ((U + V) >> 2), R = V + G,  B = U + G
+ * ICT, 16s and 32s in Q14 fixed point, each output rounded by adding 8192
+ * and shifting right by 14 (arithmetic):
+ *   forward  Y  = (4899 R + 9617 G + 1868 B + 8192) >> 14
+ *            Cb = (-2765 R - 5427 G + 8192 B + 8192) >> 14
+ *            Cr = (8192 R - 6860 G - 1332 B + 8192) >> 14
+ *   inverse  R = Y + ((22970 Cr + 8192) >> 14)
+ *            G = Y + ((-5638 Cb - 11700 Cr + 8192) >> 14)
+ *            B = Y + ((29032 Cb + 8192) >> 14)
+ * The integer forms compute exactly (products and sums as wide as they
+ * need) and keep the low 16 or 32 bits of each result: nothing saturates,
+ * so extreme inputs wrap around.
+ * ICT, 32f: in double precision with the constants as doubles, every
+ * product and sum rounded to double in this order, the result rounded once
+ * to float:
+ *   forward  Y  = (0.299 R + 0.587 G) + 0.114 B
+ *            Cb = (-0.16875 R - 0.33126 G) + 0.5 B
+ *            Cr = (0.5 R - 0.41869 G) - 0.08131 B
+ *   inverse  R = Y + 1.402 Cr,  G = (Y - 0.34413 Cb) - 0.71414 Cr,
+ *            B = Y + 1.772 Cb
+ * (the plain level of the 32-bit library sets the x87 unit to double
+ * precision while it works, and restores the caller's setting). */
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_32s_C3P3R(const Vek32s* pSrc, int srcStep, Vek32s* const pDst[3],
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_32s_P3C3R(const Vek32s* const pSrc[3], int srcStep, Vek32s* pDst,
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32f_P3IR(Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32f_C3P3R(const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3],
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32f_P3IR(Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32f_P3C3R(const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst,
+                                                       int dstStep, VekiSize roiSize);
 
 /* ======================================================================
  * Video: motion compensation and block differences
