@@ -250,6 +250,10 @@ VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, p
 
 
 // ---- video: motion compensation and block differences (video/) ------------
+// pavgb predictions and 16-bit residuals from SSE2 (level 1 keeps the plain
+// code: its pavgb works on MMX registers, which the level's flags leave
+// off); AVX2 and AVX-512 take as many rows a vector as fill 32 or 64 bytes,
+// so a block of 16 bytes or fewer stays with SSE2, one of 32 with AVX2.
 VEK_EXPORT(vekiMC16x16_8u_C1,          plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
 VEK_EXPORT(vekiMC16x8_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
 VEK_EXPORT(vekiMC16x4_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
@@ -288,6 +292,8 @@ VEK_EXPORT(vekiGetDiff8x4B_8u16s_C1,   plain, plain, sse2,  sse2,  sse2,  sse2, 
 
 
 // ---- video: block matching metrics (video/) -------------------------------
+// psadbw and pmaddwd from SSE2; two macroblock rows a vector with AVX2,
+// four with AVX-512.  The 4x4 SAD fills one 16-byte vector.
 VEK_EXPORT(vekiSAD16x16_8u32s,          plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep, Vek32s* pSAD, int mcType))
 VEK_EXPORT(vekiSAD4x4_8u32s,            plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep, Vek32s* pSAD, int mcType))
 VEK_EXPORT(vekiSAD16x16Blocks8x8_8u16u, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep, Vek16u* pDstSAD, int mcType))
@@ -298,6 +304,8 @@ VEK_EXPORT(vekiVariance16x16_8u32s,     plain, plain, sse2,  sse2,  sse2,  sse2,
 
 
 // ---- video: MPEG-2 quantisation (video/) ----------------------------------
+// Eight coefficients a vector from SSE2; SSE4.1's pmulld shortens the
+// 32-bit products of the inverse quantisers.
 VEK_EXPORT(vekiQuant_MPEG2_16s_C1I,         plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (Vek16s* pSrcDst, int QP, const Vek32f* pQPMatrix, Vek32s* pCount))
 VEK_EXPORT(vekiQuantIntra_MPEG2_16s_C1I,    plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (Vek16s* pSrcDst, int QP, const Vek32f* pQPMatrix, Vek32s* pCount))
 VEK_EXPORT(vekiQuantInv_MPEG2_16s_C1I,      plain, plain, sse2,  sse2,  sse2,  sse41, sse41, sse41 , VekStatus, (Vek16s* pSrcDst, int QP, const Vek16s* pQPMatrix))

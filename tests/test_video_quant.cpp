@@ -6,6 +6,7 @@
 // cases and the entry checks.
 #include <cmath>
 
+#include "core/plain_float.h"
 #include "harness.h"
 
 namespace vektest {
@@ -47,10 +48,12 @@ std::vector<Vek16s> withCount(std::vector<Vek16s> block) {
 
 // ---- references -----------------------------------------------------------------
 
-// Single-precision operations through double: one rounding to float each.
-float mulRounded(float a, float b) { return static_cast<float>(static_cast<double>(a) * b); }
+// Single-precision operations through double: one rounding to float each
+// (a store, so that x87 keeps no excess precision).
+float mulRounded(float a, float b) { return roundToFloat(static_cast<float>(static_cast<double>(a) * b)); }
 Vek16s referenceForward(Vek16s c, int qp, float reciprocal) {
-    const float scale = static_cast<float>(16.0 / static_cast<double>(static_cast<float>(qp)));
+    const float scale =
+        roundToFloat(static_cast<float>(16.0 / static_cast<double>(roundToFloat(static_cast<float>(qp)))));
     const double q = std::trunc(mulRounded(mulRounded(static_cast<float>(c), scale), reciprocal));
     if (std::isnan(q)) return 0;
     return static_cast<Vek16s>(q < -2047 ? -2047 : (q > 2047 ? 2047 : q));
