@@ -2,7 +2,7 @@
 //
 // Included inside a level's namespace after the level has defined its
 // kernels over a 16x16 macroblock (or the 4x4 block):
-//   sadBlock<Mode>(cur, curStep, ref, refStep)              -> sum of |cur - pred|
+//   sadBlock<Mode>(cur, curStep, ref, refStep, &sad)        sum of |cur - pred|, StatusOk
 //   sad4x4(cur, curStep, ref, refStep)                      -> sum of |cur - ref|, 4x4
 //   sadQuarters(cur, curStep, ref, refStep, Vek16u out[4])  the four 8x8 SADs
 //   sadBlocks4x4(cur, curStep, ref, refStep, Vek16u out[16])  the sixteen 4x4 SADs
@@ -17,13 +17,22 @@
 
 namespace {
 
-using SadKernel = Vek32s (*)(const Vek8u*, int, const Vek8u*, int);
+using SqrDiffKernel = Vek32s (*)(const Vek8u*, int, const Vek8u*, int);
 using SqrDiffBKernel = Vek32s (*)(const Vek8u*, int, const Vek8u*, int, const Vek8u*, int);
 
-// Indexed by mcType >> 2 once the mode is known to be 0, 4, 8 or 12.
-constexpr SadKernel kSadKernels[4] = {sadBlock<0>, sadBlock<4>, sadBlock<8>, sadBlock<12>};
+// The SAD's kernel by mcType >> 2, once the mode is known to be 0, 4, 8 or
+// 12: a switch, so that the kernels are inlined behind one jump (the SAD
+// is the hottest call of a motion search).
+inline VekStatus sadByMode(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad, int mcType) {
+    switch (mcType >> 2) {
+    case 0: return sadBlock<0>(cur, curStep, ref, refStep, sad);
+    case 1: return sadBlock<4>(cur, curStep, ref, refStep, sad);
+    case 2: return sadBlock<8>(cur, curStep, ref, refStep, sad);
+    default: return sadBlock<12>(cur, curStep, ref, refStep, sad);
+    }
+}
 // Indexed by sqrDiffEntry(mcType).
-constexpr SadKernel kSqrDiffKernels[4] = {sqrDiffBlock<0>, sqrDiffBlock<4>, sqrDiffBlock<8>, sqrDiffBlock<12>};
+constexpr SqrDiffKernel kSqrDiffKernels[4] = {sqrDiffBlock<0>, sqrDiffBlock<4>, sqrDiffBlock<8>, sqrDiffBlock<12>};
 
 // The one-reference squared difference compares the whole mode: 0, 4 and
 // 8 have their own kernels, any other value takes the four-pixel average.
@@ -51,8 +60,7 @@ inline Vek32s varianceFromSums(uint32_t sum, uint32_t sumOfSquares) {
                                           Vek32s* pSAD, int mcType) {                                          \
         if (const VekStatus status = checkPointers(pSrc, pRef, pSAD)) return status;                           \
         if (const VekStatus status = checkSadMode(mcType)) return status;                                      \
-        *pSAD = kSadKernels[mcType >> 2](pSrc, srcStep, pRef, refStep);                                        \
-        return StatusOk;                                                                                        \
+        return sadByMode(pSrc, srcStep, pRef, refStep, pSAD, mcType);                                          \
     }
 
 #define VEK_SAD_4X4_MEMBER                                                                                      \

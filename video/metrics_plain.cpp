@@ -29,11 +29,12 @@ inline Vek32s sumOver16x16(F f) {
 }
 
 template <int Mode>
-Vek32s sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
-    return sumOver16x16([=](int x, int y) {
+VekStatus sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad) {
+    *sad = sumOver16x16([=](int x, int y) {
         const int d = blockRow(cur, curStep, y)[x] - predictSample<Mode, 1>(blockRow(ref, refStep, y), refStep, x, 0);
         return d < 0 ? -d : d;
     });
+    return StatusOk;
 }
 
 inline int absDiff(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, int x, int y) {

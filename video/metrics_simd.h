@@ -25,14 +25,33 @@ inline void evenOddLaneSums(MacroV v, uint32_t* even, uint32_t* odd) {
     for (int j = 0; j < kMaxVector / 8; ++j) *(j % 2 ? odd : even) += static_cast<uint32_t>(lanes[j]);
 }
 
+// At the full-sample position a row is one load of each block and one
+// psadbw: 16-byte vectors at every level (wider ones would spend a shuffle
+// on each pair of rows), in two running sums.
+inline Vek32s fullSampleSad(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
+    __m128i even = _mm_setzero_si128(), odd = _mm_setzero_si128();
+    for (int y = 0; y < 16; y += 2) {
+        even =
+            _mm_add_epi32(even, _mm_sad_epu8(load128i(blockRow(cur, curStep, y)), load128i(blockRow(ref, refStep, y))));
+        odd = _mm_add_epi32(
+            odd, _mm_sad_epu8(load128i(blockRow(cur, curStep, y + 1)), load128i(blockRow(ref, refStep, y + 1))));
+    }
+    return static_cast<Vek32s>(Lanes<16>::sum64(_mm_add_epi32(even, odd)));
+}
+
 template <int Mode>
-Vek32s sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
+VekStatus sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad) {
+    if constexpr (Mode == 0) {
+        *sad = fullSampleSad(cur, curStep, ref, refStep);
+        return StatusOk;
+    }
     MacroV sum = Macro::zero();
     for (int y = 0; y < 16; y += kMacroRows) {
         const MacroV p = predictRows<Macro, 16, kMacroRows, 1, Mode>(blockRow(ref, refStep, y), refStep, Macro::zero());
         sum = Macro::add32(sum, Macro::sad(macroRows(cur, curStep, y), p));
     }
-    return static_cast<Vek32s>(Macro::sum64(sum));
+    *sad = static_cast<Vek32s>(Macro::sum64(sum));
+    return StatusOk;
 }
 
 inline Vek32s sad4x4(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
