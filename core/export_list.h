@@ -230,7 +230,22 @@ VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, p
 
 
 // ---- JPEG: lossless prediction and TIFF rows (jpeg/) ----------------------
-// (the family's exports go here)
+// Row prediction: the differences and predictors 2 and 3 are element-wise;
+// the reconstructions of predictors 1, 4 and 5 are prefix sums (the left
+// neighbour enters linearly); those of 6 and 7 stay serial at every level.
+// 16-bit lanes from SSE2, 256-bit from AVX2, 512-bit from AVX-512 BW.
+VEK_EXPORT(vekiDiffPredFirstRow_JPEG_16s_C1,        plain, plain, sse2, sse2, sse2, sse2, avx2, avx512, VekStatus, (const Vek16s* pSrc, Vek16s* pDst, int width, int precision, int pointTransform))
+VEK_EXPORT(vekiDiffPredRow_JPEG_16s_C1,             plain, plain, sse2, sse2, sse2, sse2, avx2, avx512, VekStatus, (const Vek16s* pSrc, const Vek16s* pPrevRow, Vek16s* pDst, int width, int predictor))
+VEK_EXPORT(vekiReconstructPredFirstRow_JPEG_16s_C1, plain, plain, sse2, sse2, sse2, sse2, avx2, avx512, VekStatus, (const Vek16s* pSrc, Vek16s* pDst, int width, int precision, int pointTransform))
+VEK_EXPORT(vekiReconstructPredRow_JPEG_16s_C1,      plain, plain, sse2, sse2, sse2, sse2, avx2, avx512, VekStatus, (const Vek16s* pSrc, const Vek16s* pPrevRow, Vek16s* pDst, int width, int predictor))
+// TIFF rows: PackBits scans for runs and literal stretches with 16-byte
+// compares from SSE2 (its packets of at most 128 bytes, most of them short,
+// gain nothing from wider vectors); the byte planes are unpacks and packs,
+// 256-bit from AVX2, 512-bit from AVX-512 BW.
+VEK_EXPORT(vekiPackBitsRow_TIFF_8u_C1,              plain, plain, sse2, sse2, sse2, sse2, sse2, sse2,    VekStatus, (const Vek8u* pSrc, int srcLen, Vek8u* pDst, int* pDstCurrPos, int dstLenBytes))
+VEK_EXPORT(vekiUnpackBitsRow_TIFF_8u_C1,            plain, plain, sse2, sse2, sse2, sse2, sse2, sse2,    VekStatus, (const Vek8u* pSrc, int* pSrcCurrPos, int srcLenBytes, Vek8u* pDst, int dstLen))
+VEK_EXPORT(vekiJoinRow_TIFF_8u16u_C1,               plain, plain, sse2, sse2, sse2, sse2, avx2, avx512, VekStatus, (const Vek8u* const pSrc[2], Vek16u* pDst, int len))
+VEK_EXPORT(vekiSplitRow_TIFF_16u8u_C1,              plain, plain, sse2, sse2, sse2, sse2, avx2, avx512, VekStatus, (const Vek16u* pSrc, Vek8u* const pDst[2], int len))
 
 
 // ---- JPEG: colour conversion, per-MCU level shift, chroma sampling (jpeg/) 

@@ -814,7 +814,91 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, V
  * JPEG: lossless prediction and TIFF rows
  * Lossless JPEG row prediction and reconstruction; TIFF PackBits and byte planes.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Lossless JPEG rows (ITU-T T.81 lossless process): width Vek16s samples a
+ * row; the caller keeps the previous row.  A later row predicts sample i
+ * from Ra = the sample to its left in the row, Rb = the sample above
+ * (pPrevRow[i]) and Rc = the sample above-left (pPrevRow[i - 1]):
+ *   1: Ra   2: Rb   3: Rc   4: Ra + Rb - Rc   5: Ra + ((Rb - Rc) >> 1)
+ *   6: Rb + ((Ra - Rc) >> 1)   7: (Ra + Rb) >> 1
+ * worked on the sign-extended 16-bit samples in 32 bits, >> an arithmetic
+ * shift (so for samples of 0x8000 and above, read as negative, predictors
+ * 5 to 7 differ from T.81's unsigned arithmetic).  Sample 0 of a later row
+ * always predicts from above (pPrevRow[0]), for every predictor.  The first
+ * row predicts sample 0 from 2^(precision - pointTransform - 1), the shift
+ * count taken modulo 32 and the power wrapped to 16 bits (so a point
+ * transform at or above the precision is accepted and the count 15 gives
+ * -32768, counts 16..31 give 0), and every other sample from its left
+ * neighbour.
+ *
+ * Diff: pDst[i] = pSrc[i] - prediction.  Reconstruct: pDst[i] = pSrc[i] +
+ * prediction, Ra being the reconstructed pDst[i - 1].  Both wrap modulo
+ * 2^16, without saturation.  The rows must not overlap, except that a
+ * reconstruction may write over its differences (pDst == pSrc).
+ * Checks, first rows: a null pSrc or pDst -> StatusNullPointer; width < 1
+ * -> StatusSize; precision outside 2..16 or pointTransform < 0 ->
+ * StatusBadArgument.  Later rows: a null pSrc, pPrevRow or pDst ->
+ * StatusNullPointer; width < 1 -> StatusSize; predictor outside 1..7 ->
+ * StatusBadArgument.  Nothing is written on failure. */
+VEK_API VekStatus VEK_CALL vekiDiffPredFirstRow_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst, int width, int precision,
+                                                            int pointTransform);
+VEK_API VekStatus VEK_CALL vekiDiffPredRow_JPEG_16s_C1(const Vek16s* pSrc, const Vek16s* pPrevRow, Vek16s* pDst,
+                                                       int width, int predictor);
+VEK_API VekStatus VEK_CALL vekiReconstructPredFirstRow_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst, int width,
+                                                                   int precision, int pointTransform);
+VEK_API VekStatus VEK_CALL vekiReconstructPredRow_JPEG_16s_C1(const Vek16s* pSrc, const Vek16s* pPrevRow, Vek16s* pDst,
+                                                              int width, int predictor);
+
+/* TIFF PackBits rows.  A packet is a control byte n and its data: n = 0..127
+ * is followed by n + 1 literal bytes, n = -127..-1 by one byte repeated
+ * 1 - n times, n = -128 is no operation.
+ *
+ * vekiPackBitsRow_TIFF_8u_C1 codes the whole row pSrc[0..srcLen) and
+ * appends the packets at pDst + *pDstCurrPos; dstLenBytes is the length of
+ * the whole buffer from pDst (the rows written before included), not the
+ * room left.  From the start of the row: a run of 2 to 128 equal bytes is a
+ * replicate packet (a longer run is cut into runs of 128 and the rest); the
+ * other bytes gather into a literal packet until two equal neighbours start
+ * a run, the row ends or 128 bytes are gathered.  A run of exactly 2 bytes
+ * between two literals is folded: when the packet before last is a literal
+ * of L bytes with L + 2 < 128 (the limit counts bytes) and the last packet
+ * is a run of 2, the literal bytes that follow join that earlier literal
+ * with the run's two bytes, up to 128 bytes in all ("A", "BB", "CD" is one
+ * literal packet of 5 bytes).  A run of 2 that ends the row or is followed
+ * by a run stays a packet.  Every packet is checked against dstLenBytes
+ * before any of its bytes is written, a fold included; a packet that fits
+ * exactly is written.  On success *pDstCurrPos is the new total length;
+ * when a packet does not fit, *pDstCurrPos is the end of the last whole
+ * packet and the result is StatusDataUnderRun (the bytes before it are a
+ * valid, shorter stream).  *pDstCurrPos outside 0..dstLenBytes is a full
+ * output too: StatusDataUnderRun with nothing written.
+ * Checks: a null pSrc, pDstCurrPos or pDst -> StatusNullPointer; srcLen < 1
+ * or dstLenBytes < 1 -> StatusSize.
+ *
+ * vekiUnpackBitsRow_TIFF_8u_C1 decodes packets from pSrc + *pSrcCurrPos
+ * into pDst until dstLen bytes are produced, then stores the position after
+ * the last packet read in *pSrcCurrPos and returns StatusOk; it stops as
+ * soon as the row is full, so a -128 byte after the row's last packet is
+ * not consumed, and -128 bytes before are consumed and produce nothing.  A
+ * packet is decoded whole or not at all: when the source ends
+ * (srcLenBytes) before the row is full, or a packet would need bytes past
+ * srcLenBytes or write past dstLen, the position of that packet (or
+ * srcLenBytes) is stored, the bytes of the packets before it stay written,
+ * and the result is StatusDataUnderRun.  A negative *pSrcCurrPos gives
+ * StatusDataUnderRun with nothing read or written.
+ * Checks: a null pSrc, pSrcCurrPos or pDst -> StatusNullPointer;
+ * srcLenBytes < 1 or dstLen < 1 -> StatusSize. */
+VEK_API VekStatus VEK_CALL vekiPackBitsRow_TIFF_8u_C1(const Vek8u* pSrc, int srcLen, Vek8u* pDst, int* pDstCurrPos,
+                                                      int dstLenBytes);
+VEK_API VekStatus VEK_CALL vekiUnpackBitsRow_TIFF_8u_C1(const Vek8u* pSrc, int* pSrcCurrPos, int srcLenBytes,
+                                                        Vek8u* pDst, int dstLen);
+
+/* TIFF 16-bit rows and their two byte planes: plane 0 holds the high bytes,
+ * plane 1 the low bytes of the len samples (Join: pDst[i] = pSrc[0][i] * 256
+ * + pSrc[1][i]; Split the inverse).  A null plane array, plane pointer or
+ * 16-bit row -> StatusNullPointer; len < 1 -> StatusStep (deliberately the
+ * step status for a bad length). */
+VEK_API VekStatus VEK_CALL vekiJoinRow_TIFF_8u16u_C1(const Vek8u* const pSrc[2], Vek16u* pDst, int len);
+VEK_API VekStatus VEK_CALL vekiSplitRow_TIFF_16u8u_C1(const Vek16u* pSrc, Vek8u* const pDst[2], int len);
 
 /* ======================================================================
  * JPEG: colour conversion, per-MCU level shift and chroma sampling
