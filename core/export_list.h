@@ -379,14 +379,65 @@ VEK_EXPORT(vekiICTInv_JPEG2K_32f_P3C3R, plain, plain, sse2, sse2, sse2, sse2,  a
 
 
 // ---- video: motion compensation and block differences (video/) ------------
-// (the family's exports go here)
+// pavgb predictions and 16-bit residuals from SSE2 (level 1 keeps the plain
+// code: its pavgb works on MMX registers, which the level's flags leave
+// off); AVX2 and AVX-512 take as many rows a vector as fill 32 or 64 bytes,
+// so a block of 16 bytes or fewer stays with SSE2, one of 32 with AVX2.
+VEK_EXPORT(vekiMC16x16_8u_C1,          plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC16x8_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC16x4_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC8x16_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC8x8_8u_C1,            plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC8x4_8u_C1,            plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2  , VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC4x8_8u_C1,            plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2  , VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC4x4_8u_C1,            plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC4x2_8u_C1,            plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC2x4_8u_C1,            plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC2x2_8u_C1,            plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC16x8UV_8u_C1,         plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl))
+VEK_EXPORT(vekiMC16x16B_8u_C1,         plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC16x8B_8u_C1,          plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC16x4B_8u_C1,          plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC8x16B_8u_C1,          plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC8x8B_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC8x4B_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2  , VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC4x8B_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2  , VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC4x4B_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC4x2B_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC2x4B_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC2x2B_8u_C1,           plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiMC16x8BUV_8u_C1,        plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl))
+VEK_EXPORT(vekiGetDiff16x16_8u16s_C1,  plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep, Vek16s* pDstDiff, int dstDiffStep, Vek16s* pDstPredictor, int dstPredictorStep, int mcType, int roundControl))
+VEK_EXPORT(vekiGetDiff16x8_8u16s_C1,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep, Vek16s* pDstDiff, int dstDiffStep, Vek16s* pDstPredictor, int dstPredictorStep, int mcType, int roundControl))
+VEK_EXPORT(vekiGetDiff8x16_8u16s_C1,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep, Vek16s* pDstDiff, int dstDiffStep, Vek16s* pDstPredictor, int dstPredictorStep, int mcType, int roundControl))
+VEK_EXPORT(vekiGetDiff8x8_8u16s_C1,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep, Vek16s* pDstDiff, int dstDiffStep, Vek16s* pDstPredictor, int dstPredictorStep, int mcType, int roundControl))
+VEK_EXPORT(vekiGetDiff8x4_8u16s_C1,    plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2  , VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep, Vek16s* pDstDiff, int dstDiffStep, Vek16s* pDstPredictor, int dstPredictorStep, int mcType, int roundControl))
+VEK_EXPORT(vekiGetDiff4x4_8u16s_C1,    plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep, Vek16s* pDstDiff, int dstDiffStep, Vek16s* pDstPredictor, int dstPredictorStep, int mcType, int roundControl))
+VEK_EXPORT(vekiGetDiff16x16B_8u16s_C1, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep, int roundControl))
+VEK_EXPORT(vekiGetDiff16x8B_8u16s_C1,  plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep, int roundControl))
+VEK_EXPORT(vekiGetDiff8x16B_8u16s_C1,  plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep, int roundControl))
+VEK_EXPORT(vekiGetDiff8x8B_8u16s_C1,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep, int roundControl))
+VEK_EXPORT(vekiGetDiff8x4B_8u16s_C1,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2  , VekStatus, (const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep, int roundControl))
 
 
 // ---- video: block matching metrics (video/) -------------------------------
-// (the family's exports go here)
+// psadbw and pmaddwd from SSE2; two macroblock rows a vector with AVX2,
+// four with AVX-512.  The 4x4 SAD fills one 16-byte vector.
+VEK_EXPORT(vekiSAD16x16_8u32s,          plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep, Vek32s* pSAD, int mcType))
+VEK_EXPORT(vekiSAD4x4_8u32s,            plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep, Vek32s* pSAD, int mcType))
+VEK_EXPORT(vekiSAD16x16Blocks8x8_8u16u, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep, Vek16u* pDstSAD, int mcType))
+VEK_EXPORT(vekiSAD16x16Blocks4x4_8u16u, plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep, Vek16u* pDstSAD, int mcType))
+VEK_EXPORT(vekiSqrDiff16x16_8u32s,      plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep, int mcType, Vek32s* pSqrDiff))
+VEK_EXPORT(vekiSqrDiff16x16B_8u32s,     plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, const Vek8u* pRefF, int refFStep, int mcTypeF, const Vek8u* pRefB, int refBStep, int mcTypeB, Vek32s* pSqrDiff))
+VEK_EXPORT(vekiVariance16x16_8u32s,     plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek32s* pVar))
 
 
 // ---- video: MPEG-2 quantisation (video/) ----------------------------------
-// (the family's exports go here)
+// Eight coefficients a vector from SSE2; SSE4.1's pmulld shortens the
+// 32-bit products of the inverse quantisers.
+VEK_EXPORT(vekiQuant_MPEG2_16s_C1I,         plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (Vek16s* pSrcDst, int QP, const Vek32f* pQPMatrix, Vek32s* pCount))
+VEK_EXPORT(vekiQuantIntra_MPEG2_16s_C1I,    plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2  , VekStatus, (Vek16s* pSrcDst, int QP, const Vek32f* pQPMatrix, Vek32s* pCount))
+VEK_EXPORT(vekiQuantInv_MPEG2_16s_C1I,      plain, plain, sse2,  sse2,  sse2,  sse41, sse41, sse41 , VekStatus, (Vek16s* pSrcDst, int QP, const Vek16s* pQPMatrix))
+VEK_EXPORT(vekiQuantInvIntra_MPEG2_16s_C1I, plain, plain, sse2,  sse2,  sse2,  sse41, sse41, sse41 , VekStatus, (Vek16s* pSrcDst, int QP, const Vek16s* pQPMatrix))
 
 // clang-format on

@@ -1599,19 +1599,247 @@ VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32f_P3C3R(const Vek32f* const pSrc[
  * Video: motion compensation and block differences
  * Predicted blocks and residuals for MPEG-1/2.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Block-level motion compensation with half-sample accuracy.  Every block
+ * has its own step in bytes (bottom-up blocks take a negative step); the
+ * block size is in the name, width first.  Pixels and references are
+ * Vek8u, residuals, differences and predictors Vek16s.
+ *
+ * Prediction mode (mcType): only bits 2 and 3 are read (mcType & 12), so
+ * 13 acts as 12 and 16 as 0.  With r the reference block and rc the
+ * rounding control:
+ *    0  r(x, y)
+ *    4  (r(x, y) + r(x, y+1) + 1 - rc) >> 1                       half sample vertically
+ *    8  (r(x, y) + r(x+1, y) + 1 - rc) >> 1                       half sample horizontally
+ *   12  (r(x, y) + r(x+1, y) + r(x, y+1) + r(x+1, y+1) + 2 - rc) >> 2   both
+ * The reference is read over the block plus one row (modes 4 and 12) and
+ * plus one column (modes 8 and 12), never further.  roundControl is 0 or
+ * 1 (1 rounds halves down); only its lowest bit is read.  The UV forms
+ * work on 8 interleaved U/V pairs per row (16 bytes): the horizontal
+ * neighbour of a sample is two bytes on, so they read two more bytes per
+ * row in modes 8 and 12.
+ *
+ * The mode reaches its kernel through a table: one reference, entry
+ * (mcType & 12) / 2 + (roundControl & 1) of eight; two references,
+ * (mcTypeF & 12) / 2 + 2 * (mcTypeB & 12) + (roundControl & 1) of 32;
+ * differences, (mcType & 12) + (pDstPredictor != NULL) of 16; bidirectional
+ * differences, (mcTypeF & 12) / 4 + (mcTypeB & 12) of 16.
+ *
+ * vekiMC<w>x<h>_8u_C1: dst = clamp(p + residual, 0, 255).
+ * vekiMC<w>x<h>B_8u_C1: pF and pB by their own modes, both with
+ *   roundControl; dst = clamp((pF + pB + 2 * residual + 1) >> 1, 0, 255):
+ *   one rounding serves the average and the residual.
+ * vekiGetDiff<w>x<h>_8u16s_C1: diff = cur - p; when pDstPredictor is not
+ *   NULL, p is also stored there (step dstPredictorStep).
+ *   vekiGetDiff4x4_8u16s_C1 is the exception: diff = cur - ref at the
+ *   full-sample position; it ignores mcType, roundControl and the
+ *   predictor arguments and never writes a predictor.
+ * vekiGetDiff<w>x<h>B_8u16s_C1: diff = (2 * cur - pF - pB) >> 1, an
+ *   arithmetic shift (rounds toward minus infinity); no predictor.
+ *
+ * Checks: only the pointers (a NULL predictor is allowed); any other NULL
+ * gives StatusNullPointer with nothing written.  Steps, modes and the
+ * rounding control are used as given. */
+VEK_API VekStatus VEK_CALL vekiMC16x16_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                             int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                             int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x8_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                            int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x4_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                            int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x16_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                            int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x8_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x4_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x8_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x4_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x2_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC2x4_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC2x2_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x8UV_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                              int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                              int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x16B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF,
+                                              const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB,
+                                              const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep,
+                                              int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x8B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                             int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                             int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x4B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                             int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                             int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x16B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                             int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                             int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x8B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x4B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x8B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x4B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x2B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC2x4B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC2x2B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x8BUV_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF,
+                                               const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB,
+                                               const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst,
+                                               int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff16x16_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                     int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                     Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                     int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff16x8_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                    int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                    Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                    int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x16_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                    int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                    Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                    int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x8_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                   int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                   Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                   int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x4_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                   int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                   Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                   int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff4x4_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                   int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                   Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                   int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff16x16B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                      int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                      int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                      int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff16x8B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                     int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                     int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                     int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x16B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                     int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                     int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                     int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x8B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                    int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                    int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                    int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x4B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                    int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                    int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                    int roundControl);
 
 /* ======================================================================
  * Video: block matching metrics
  * SAD, squared differences and variance for motion search.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Cost measures for motion search on 8-bit blocks: pSrc is the current
+ * block, pRef the reference, each with its own step.  No rounding control:
+ * the half-sample predictions here always round halves up, (a + b + 1) >> 1
+ * and (a + b + c + d + 2) >> 2, with the neighbours of motion compensation
+ * (one more row for mode 4, one more column for 8, both for 12).
+ *
+ * vekiSAD16x16_8u32s: sum over 16x16 of |cur - pred|, pred by mcType.
+ *   mcType must be 0, 4, 8 or 12: we return StatusBadArgument for any
+ *   other value (after the pointer checks) and write nothing.
+ * vekiSAD4x4_8u32s: sum over 4x4 of |cur - ref|; mcType is ignored.
+ * vekiSAD16x16Blocks8x8_8u16u: the four 8x8 SADs of the macroblock,
+ *   top-left, top-right, bottom-left, bottom-right; full sample, mcType
+ *   ignored.
+ * vekiSAD16x16Blocks4x4_8u16u: the sixteen 4x4 SADs in raster order of
+ *   the blocks (entry 4 * (row / 4) + column / 4); mcType ignored.
+ * vekiSqrDiff16x16_8u32s: sum over 16x16 of (pred - cur)^2.  mcType is
+ *   compared whole: 0 full sample, 4 vertical, 8 horizontal, any other
+ *   value the four-pixel average.
+ * vekiSqrDiff16x16B_8u32s: sum of (((predF + predB + 1) >> 1) - cur)^2,
+ *   each prediction by bits 2 and 3 of its own mode.
+ * vekiVariance16x16_8u32s: with s = sum of x and q = sum of x^2 over the
+ *   256 pixels (unsigned 32-bit), q - (s * s) / 256, where s * s is a
+ *   32-bit two's-complement product divided as a signed value, truncating:
+ *   256 times the variance.  Once s passes 46340 (a block averaging above
+ *   181) the product wraps negative and the result with it, deliberately.
+ *
+ * Checks: any NULL pointer gives StatusNullPointer with nothing written;
+ * steps and modes are not checked (but see vekiSAD16x16_8u32s). */
+VEK_API VekStatus VEK_CALL vekiSAD16x16_8u32s(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                              Vek32s* pSAD, int mcType);
+VEK_API VekStatus VEK_CALL vekiSAD4x4_8u32s(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                            Vek32s* pSAD, int mcType);
+VEK_API VekStatus VEK_CALL vekiSAD16x16Blocks8x8_8u16u(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                                       Vek16u* pDstSAD, int mcType);
+VEK_API VekStatus VEK_CALL vekiSAD16x16Blocks4x4_8u16u(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                                       Vek16u* pDstSAD, int mcType);
+VEK_API VekStatus VEK_CALL vekiSqrDiff16x16_8u32s(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                                  int mcType, Vek32s* pSqrDiff);
+VEK_API VekStatus VEK_CALL vekiSqrDiff16x16B_8u32s(const Vek8u* pSrc, int srcStep, const Vek8u* pRefF, int refFStep,
+                                                   int mcTypeF, const Vek8u* pRefB, int refBStep, int mcTypeB,
+                                                   Vek32s* pSqrDiff);
+VEK_API VekStatus VEK_CALL vekiVariance16x16_8u32s(const Vek8u* pSrc, int srcStep, Vek32s* pVar);
 
 /* ======================================================================
  * Video: MPEG-2 quantisation
  * Intra and non-intra quantisation with mismatch control.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Forward and inverse quantisation of one 8x8 block of DCT coefficients
+ * (64 Vek16s, raster order) for MPEG-2 video, in place.  QP is the
+ * quantiser step as the caller has mapped it (no scale-code table here).
+ *
+ * vekiQuant_MPEG2_16s_C1I (pSrcDst, QP, pQPMatrix, pCount): non-intra.
+ *   With a matrix (64 Vek32f reciprocals 1/W): for every coefficient,
+ *   q = (c * (16 / QP)) * M[i] in single precision, in that order, each
+ *   operation rounded to float at every level; q is truncated toward zero
+ *   and clamped to -2047..2047 (NaN, from a matrix holding infinities or
+ *   NaNs, gives 0).  Without a matrix: QP <= 1 returns at once with the
+ *   block unchanged and *pCount 0; otherwise r = (65536 + QP / 2) / QP and
+ *   q = (c * r) / 65536, truncating, clamped to -2047..2047.
+ *   *pCount is the number of non-zero results.
+ * vekiQuantIntra_MPEG2_16s_C1I: the same float formula for coefficients
+ *   1..63; the DC coefficient is left as it is and not counted.  A NULL
+ *   matrix means the reciprocals of the MPEG-2 default intra matrix.
+ * Forward checks: pSrcDst or pCount NULL -> StatusNullPointer; QP = 0 ->
+ *   StatusDivideByZero; *pCount is cleared after these checks.
+ *
+ * vekiQuantInv_MPEG2_16s_C1I (pSrcDst, QP, pQPMatrix): non-intra, with
+ *   s the sign of c (zero coefficients stay zero):
+ *   v = ((2c + s) * QP * W[i]) / 32 with weights, v = (QP * (2c + s)) / 2
+ *   without (pQPMatrix NULL), clamped to -2048..2047.
+ * vekiQuantInvIntra_MPEG2_16s_C1I (pSrcDst, QP, pQPMatrix): weights
+ *   required; the DC coefficient is kept; for the others
+ *   v = (c * QP * W[i] * 2) / 32, clamped to -2048..2047.
+ * Both: mismatch control: when the sum of the 64 stored values (the DC
+ *   included) is even, the lowest bit of coefficient 63 is toggled.
+ *   Products are formed in 32-bit two's-complement arithmetic, exact for
+ *   every coefficient, scale and weight MPEG-2 allows, and divisions
+ *   truncate toward zero.
+ * Inverse checks: pSrcDst NULL (and, intra, pQPMatrix NULL) ->
+ *   StatusNullPointer. */
+VEK_API VekStatus VEK_CALL vekiQuant_MPEG2_16s_C1I(Vek16s* pSrcDst, int QP, const Vek32f* pQPMatrix, Vek32s* pCount);
+VEK_API VekStatus VEK_CALL vekiQuantIntra_MPEG2_16s_C1I(Vek16s* pSrcDst, int QP, const Vek32f* pQPMatrix,
+                                                        Vek32s* pCount);
+VEK_API VekStatus VEK_CALL vekiQuantInv_MPEG2_16s_C1I(Vek16s* pSrcDst, int QP, const Vek16s* pQPMatrix);
+VEK_API VekStatus VEK_CALL vekiQuantInvIntra_MPEG2_16s_C1I(Vek16s* pSrcDst, int QP, const Vek16s* pQPMatrix);
 
 #ifdef __cplusplus
 }
