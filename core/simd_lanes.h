@@ -13,7 +13,9 @@
 //   cmpeq32 cmpgt32 cmpgeF ...   a lane mask: a vector of all-ones lanes up
 //                         to 256 bits, a mask register at 512, either one
 //                         fit for select(); intMask(m) makes a float
-//                         comparison's mask one for integer lanes;
+//                         comparison's mask one for integer lanes, and
+//                         byteMask(v) a vector of 0 or 0xFF bytes one for
+//                         selecting bytes;
 //   unpacklo16, packs32 ...  the instructions themselves, which work inside
 //       each 128-bit lane: an unpack followed by the pack of its two halves
 //       gives the elements back in order.  packs32Ordered and the other
@@ -166,6 +168,7 @@ inline __m128i intMask(__m128 m) { return _mm_castps_si128(m); }
 inline __m128i packs32Ordered(__m128i a, __m128i b) { return _mm_packs_epi32(a, b); }
 inline __m128i packus16Ordered(__m128i a, __m128i b) { return _mm_packus_epi16(a, b); }
 inline __m128i orderAfterPack4(__m128i packed) { return packed; }
+inline __m128i byteMask(__m128i m) { return m; }
 // Whether every bit of a & b is zero.
 inline bool testAllZero(__m128i a, __m128i b) {
 #    ifdef __SSE4_1__
@@ -206,6 +209,7 @@ inline __m256i packus32Ordered(__m256i a, __m256i b) {
 inline __m256i orderAfterPack4(__m256i packed) {
     return _mm256_permutevar8x32_epi32(packed, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
 }
+inline __m256i byteMask(__m256i m) { return m; }
 inline bool testAllZero(__m256i a, __m256i b) { return _mm256_testz_si256(a, b); }
 inline __m256i blendOdd32(__m256i a, __m256i b) { return _mm256_blend_epi32(a, b, 0xAA); }
 inline __m256 roundNearestF(__m256 a) { return _mm256_round_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); }
@@ -233,6 +237,7 @@ inline __m512i packus32Ordered(__m512i a, __m512i b) { return packOrder512(_mm51
 inline __m512i orderAfterPack4(__m512i packed) {
     return _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), packed);
 }
+inline __mmask64 byteMask(__m512i m) { return _mm512_movepi8_mask(m); }
 inline bool testAllZero(__m512i a, __m512i b) { return _mm512_test_epi32_mask(a, b) == 0; }
 inline __m512i blendOdd32(__m512i a, __m512i b) { return _mm512_mask_blend_epi32(0xAAAA, a, b); }
 inline __m512 roundNearestF(__m512 a) { return _mm512_roundscale_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); }

@@ -84,9 +84,10 @@
 #define VEK_IMAGE_MIRROR_16_C3_MEMBERS                                   \
     VEK_IMAGE_MIRROR(vekiMirror_16u_C3R, vekiMirror_16u_C3IR, Vek16u, 3) \
     VEK_IMAGE_MIRROR(vekiMirror_16s_C3R, vekiMirror_16s_C3IR, Vek16s, 3)
-#define VEK_IMAGE_MIRROR_32_MEMBERS                                      \
+#define VEK_IMAGE_MIRROR_32_C1_MEMBERS                                   \
     VEK_IMAGE_MIRROR(vekiMirror_32s_C1R, vekiMirror_32s_C1IR, Vek32s, 1) \
-    VEK_IMAGE_MIRROR(vekiMirror_32f_C1R, vekiMirror_32f_C1IR, Vek32f, 1) \
+    VEK_IMAGE_MIRROR(vekiMirror_32f_C1R, vekiMirror_32f_C1IR, Vek32f, 1)
+#define VEK_IMAGE_MIRROR_32_C3_MEMBERS                                   \
     VEK_IMAGE_MIRROR(vekiMirror_32s_C3R, vekiMirror_32s_C3IR, Vek32s, 3) \
     VEK_IMAGE_MIRROR(vekiMirror_32f_C3R, vekiMirror_32f_C3IR, Vek32f, 3)
 

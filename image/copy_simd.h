@@ -1,4 +1,4 @@
-// Vector kernels of the image copy family for the SSE levels.
+// Vector kernels of the image copy family for the SIMD levels.
 //
 // Included by each SIMD level's translation unit inside that level's
 // namespace, after <immintrin.h> and image/copy_rows.h, whose Vec... and
@@ -9,13 +9,19 @@
 //   SSE2   16-bit word shuffles (PSHUFLW/PSHUFHW/PSHUFD): 8- and 16-bit
 //          mirrors of one channel; masked stores for AC4 and C3C; fills;
 //   SSSE3  byte shuffles (PSHUFB): three-channel 8- and 16-bit mirrors,
-//          channel swaps, planar 8u and 16s copies.
+//          channel swaps, planar 8u and 16s copies;
+//   AVX2, AVX-512  the fills and masked copies on the level's widest vector
+//          (core/simd_lanes.h), and one-channel mirrors that reverse a
+//          whole wide register (a reversal inside each 128-bit lane, then
+//          of the lanes; 16- and 32-bit elements at 512 bits in one
+//          VPERMW/VPERMD).
 // The permutations are described by index maps (output position -> input
 // position) from which the shuffle controls are computed at compile time.
 #ifndef VEK_IMAGE_COPY_SIMD_H
 #define VEK_IMAGE_COPY_SIMD_H
 
 #include "core/simd_vocabulary.h"
+#include "core/simd_lanes.h"
 
 namespace {
 
@@ -144,8 +150,10 @@ struct LaneReverse {
         for (int k = 0; k < K; ++k) store(static_cast<float*>(p) + 4 * k, out[k]);
     }
 };
+#ifndef __AVX2__
 template <>
 struct RevBlock<4, 1> : LaneReverse<1> {};
+#endif
 template <>
 struct RevBlock<4, 3> : LaneReverse<3> {};
 
@@ -223,10 +231,12 @@ struct PairReverse16C3 {
         store(d + 32, _mm_or_si128(_mm_srli_si128(b.pair[2], 8), _mm_slli_si128(b.pair[3], 4)));
     }
 };
+#    ifndef __AVX2__
 template <>
 struct RevBlock<1, 1> : ByteReverse<1, 1> {};
 template <>
 struct RevBlock<2, 1> : ByteReverse<2, 1> {};
+#    endif
 template <>
 struct RevBlock<1, 3> : ByteReverse<1, 3> {};
 template <>
@@ -238,16 +248,61 @@ template <>
 struct RevBlock<2, 1> : WordReverse<2> {};
 #endif
 
-// ---- fills and masked copies (SSE2) ---------------------------------------------------
+#ifdef __AVX2__
+// One-channel samples of S bytes, a whole register of them reversed.
+template <int S>
+inline __m256i reversed(__m256i v) {
+    if constexpr (S == 4) return _mm256_permutevar8x32_epi32(v, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
+    const __m256i inLane = S == 1 ? _mm256_setr_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0, 15, 14, 13,
+                                                     12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0)
+                                  : _mm256_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1, 14, 15, 12,
+                                                     13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1);
+    return _mm256_permute4x64_epi64(_mm256_shuffle_epi8(v, inLane), 0x4E);
+}
+#    if defined(__AVX512F__) && defined(__AVX512BW__)
+template <int S>
+inline __m512i reversed(__m512i v) {
+    if constexpr (S == 4)
+        return _mm512_permutexvar_epi32(_mm512_setr_epi32(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0), v);
+    if constexpr (S == 2)
+        return _mm512_permutexvar_epi16(_mm512_set_epi16(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17,
+                                                         18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31),
+                                        v);
+    // Bytes: no byte permutation across lanes below VBMI, so reverse inside
+    // the lanes, then the lanes.
+    const __m512i inLane = _mm512_broadcast_i32x4(_mm_setr_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0));
+    const __m512i bytes = _mm512_shuffle_epi8(v, inLane);
+    return _mm512_shuffle_i64x2(bytes, bytes, _MM_SHUFFLE(0, 1, 2, 3));
+}
+#    endif
+
+template <int S>
+struct WideReverse {
+    static constexpr int kPixels = sizeof(WideI) / S;
+    struct Block {
+        WideI v;
+    };
+    static Block load(const void* p) { return {loadAs<WideI>(p)}; }
+    static void storeReversed(void* p, const Block& b) { store(p, reversed<S>(b.v)); }
+};
+template <>
+struct RevBlock<1, 1> : WideReverse<1> {};
+template <>
+struct RevBlock<2, 1> : WideReverse<2> {};
+template <>
+struct RevBlock<4, 1> : WideReverse<4> {};
+#endif
+
+// ---- fills and masked copies (SSE2 and wider) ---------------------------------------------------
 #ifdef __SSE2__
 // The last vector may overlap the one before: it writes the same value.
 template <int S>
 struct WideFill {
     template <class T>
     static int run(T* d, int n, T v) {
-        constexpr int W = 16 / S;
+        constexpr int W = sizeof(WideI) / S;
         if (n < W) return 0;
-        const auto x = broadcast128(v);
+        const WideI x = splat<WideI>(v);
         for (int i = 0; i + W <= n; i += W) store(d + i, x);
         store(d + n - W, x);
         return n;
@@ -258,21 +313,25 @@ struct VecFill<2> : WideFill<2> {};
 template <>
 struct VecFill<4> : WideFill<4> {};
 
-// Blocks of 48 bytes (16 pixels) inside the 3n - 2 bytes the row spans, so
-// no byte after the last written one is read or rewritten.
+// Blocks of three vectors (16 pixels a 16-byte vector) inside the 3n - 2
+// bytes the row spans, so no byte after the last written one is read or
+// rewritten.
 template <>
 struct VecFillEveryThird<Vek8u> {
     static int run(Vek8u* d, int n, Vek8u v) {
-        alignas(16) unsigned char mask[48];
-        for (int b = 0; b < 48; ++b) mask[b] = b % 3 == 0 ? 0xFF : 0;
-        const __m128i value = broadcast128(v);
-        const __m128i m[3] = {loadAligned128i(mask), loadAligned128i(mask + 16), loadAligned128i(mask + 32)};
+        constexpr int kBlock = 3 * sizeof(WideI);
+        alignas(64) unsigned char mask[kBlock];
+        for (int b = 0; b < kBlock; ++b) mask[b] = b % 3 == 0 ? 0xFF : 0;
+        const WideI value = splat<WideI>(v);
+        const auto m0 = byteMask(loadAs<WideI>(mask));
+        const decltype(m0) m[3] = {m0, byteMask(loadAs<WideI>(mask + kBlock / 3)),
+                                   byteMask(loadAs<WideI>(mask + 2 * kBlock / 3))};
         const int64_t span = 3 * int64_t(n) - 2;
         int64_t o = 0;
-        for (; o + 48 <= span; o += 48)
+        for (; o + kBlock <= span; o += kBlock)
             for (int k = 0; k < 3; ++k) {
-                Vek8u* p = d + o + 16 * k;
-                store(p, select(m[k], value, load128i(p)));
+                Vek8u* p = d + o + k * kBlock / 3;
+                store(p, select(m[k], value, loadAs<WideI>(p)));
             }
         return static_cast<int>(o / 3);
     }
@@ -282,10 +341,11 @@ struct VecFillEveryThird<Vek8u> {
 template <>
 struct VecCopyAC4<Vek8u> {
     static int run(const Vek8u* s, Vek8u* d, int n) {
-        const __m128i colour = _mm_set1_epi32(0x00FFFFFF);
+        constexpr int kPixels = sizeof(WideI) / 4;
+        const auto colour = byteMask(splat<WideI>(Vek32s(0x00FFFFFF)));
         int x = 0;
-        for (; x + 4 <= n; x += 4) {
-            store(d + 4 * x, select(colour, load128i(s + 4 * x), load128i(d + 4 * x)));
+        for (; x + kPixels <= n; x += kPixels) {
+            store(d + 4 * x, select(colour, loadAs<WideI>(s + 4 * x), loadAs<WideI>(d + 4 * x)));
         }
         return x;
     }

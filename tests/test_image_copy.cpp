@@ -6,9 +6,10 @@
 namespace vektest {
 namespace {
 
-// Widths around the vector blocks (16 bytes, 48 bytes) of every sample size.
-const int kWidths[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  11, 12, 13, 15, 16, 17,
-                       20, 23, 24, 25, 31, 32, 33, 47, 48, 49, 63, 64, 65, 100};
+// Widths around the vector blocks (16 to 64 bytes, three vectors) of every
+// sample size; an in-place mirror needs two blocks of 64 pixels.
+const int kWidths[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  11, 12, 13, 15,  16,  17, 20,
+                       23, 24, 25, 31, 32, 33, 47, 48, 49, 63, 64, 65, 100, 128, 129};
 
 // Every width with a random height, then random larger regions.
 template <class Body>
