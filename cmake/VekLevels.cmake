@@ -52,10 +52,10 @@ set(VEK_LEVEL_FLAGS_ssse3  -mssse3 ${_vek_sse_math})
 set(VEK_LEVEL_FLAGS_sse41  -msse4.1 ${_vek_sse_math})
 set(VEK_LEVEL_FLAGS_avx2   -mavx2 -mbmi -mbmi2 -mpclmul ${_vek_sse_math} ${_vek_wide_vector_moves})
 # GCC 12's AVX-512 intrinsics start many results from a deliberately
-# undefined vector, which its -Wmaybe-uninitialized reports inside the
+# undefined vector, which its -W(maybe-)uninitialized reports inside the
 # system header once inlined (GCC bug 105593, fixed in GCC 13).
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  set(_vek_avx512_quiet -Wno-maybe-uninitialized)
+  set(_vek_avx512_quiet -Wno-maybe-uninitialized -Wno-uninitialized)
 else()
   set(_vek_avx512_quiet "")
 endif()

@@ -1,5 +1,6 @@
-// Image copies, sets, mirrors and channel swaps, avx2 level: the fills,
-// the AC4 copy and the one-channel mirrors on 256-bit vectors (AVX2).
+// Image copies, sets, mirrors and channel swaps, avx2 level: fills, the AC4
+// copy, one-channel and 32-bit mirrors, planar 32f copies and channel swaps
+// on 256-bit vectors (AVX2).
 // The kernels are shared with the other SIMD levels (image/copy_simd.h);
 // this file instantiates them for this level and defines its members.
 #include <immintrin.h>
@@ -23,4 +24,7 @@ VEK_IMAGE_BORDER_MEMBER
 VEK_IMAGE_MIRROR_8U_C1_MEMBERS
 VEK_IMAGE_MIRROR_16_C1_MEMBERS
 VEK_IMAGE_MIRROR_32_C1_MEMBERS
+VEK_IMAGE_MIRROR_32_C3_MEMBERS
+VEK_IMAGE_PLANAR_32F_MEMBERS
+VEK_IMAGE_SWAP_MEMBERS
 }  // namespace vek::avx2

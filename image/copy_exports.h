@@ -63,9 +63,8 @@
         return interleavedToPlanar(pSrc, srcStep, pDst, dstStep, roi);                                         \
     }
 
-#define VEK_IMAGE_PLANAR_INT_MEMBERS                          \
-    VEK_IMAGE_PLANAR_TO_INTERLEAVED(vekiCopy_8u_P3C3R, Vek8u) \
-    VEK_IMAGE_PLANAR_TO_INTERLEAVED(vekiCopy_16s_P3C3R, Vek16s)
+#define VEK_IMAGE_PLANAR_8U_MEMBER  VEK_IMAGE_PLANAR_TO_INTERLEAVED(vekiCopy_8u_P3C3R, Vek8u)
+#define VEK_IMAGE_PLANAR_16S_MEMBER VEK_IMAGE_PLANAR_TO_INTERLEAVED(vekiCopy_16s_P3C3R, Vek16s)
 
 #define VEK_IMAGE_SWAP_MEMBERS                                                                                         \
     VekStatus VEK_CALL vekiSwapChannels_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, \

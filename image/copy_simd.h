@@ -153,9 +153,9 @@ struct LaneReverse {
 #ifndef __AVX2__
 template <>
 struct RevBlock<4, 1> : LaneReverse<1> {};
-#endif
 template <>
 struct RevBlock<4, 3> : LaneReverse<3> {};
+#endif
 
 #ifdef __SSE2__
 // One register of 8- or 16-bit samples of one channel, reversed with word
@@ -239,8 +239,10 @@ struct RevBlock<2, 1> : ByteReverse<2, 1> {};
 #    endif
 template <>
 struct RevBlock<1, 3> : ByteReverse<1, 3> {};
+#    ifndef __AVX512BW__
 template <>
 struct RevBlock<2, 3> : PairReverse16C3 {};
+#    endif
 #elif defined(__SSE2__)
 template <>
 struct RevBlock<1, 1> : WordReverse<1> {};
@@ -354,6 +356,7 @@ struct VecCopyAC4<Vek8u> {
 
 // ---- channel swaps (SSSE3) ---------------------------------------------------------------
 #ifdef __SSSE3__
+#    ifndef __AVX2__
 // Sixteen pixels (48 bytes, three registers) at a time: every byte comes
 // from its own pixel, so output register j takes bytes from input registers
 // j - 1 to j + 1.  All three are loaded before any is stored, so s may equal
@@ -386,6 +389,7 @@ struct VecSwap3<Vek8u> {
         return x;
     }
 };
+#    endif
 
 // Three-channel 16-bit mirror out of place, a whole row of at least three
 // pixels: reversed pairs stored 12 bytes apart, each store's four zero bytes
@@ -396,6 +400,7 @@ struct VecSwap3<Vek8u> {
 alignas(16) constexpr signed char kRowEndMain[16] = {12, 13, 14, 15, 4, 5, 6, 7, 8, 9, -128, -128, 0, 1, 2, 3};
 alignas(16) constexpr signed char kRowEndFirst[16] = {-128, -128, -128, -128, -128, -128, -128, -128,
                                                       -128, -128, 0,    1,    -128, -128, -128, -128};
+#    ifndef __AVX512BW__
 template <>
 struct RevOverlap<2, 3> {
     static constexpr int kPixels = 2;
@@ -425,28 +430,30 @@ struct RevOverlap<2, 3> {
         return n;
     }
 };
+#    endif
 #endif
 
 // ---- planar and interleaved rows ------------------------------------------------------------
 
-// Pixels before the first whose three-channel destination is 16-byte
-// aligned, or -1 if none (a destination not aligned to its sample size).
-template <int S>
+// Pixels before the first whose three-channel destination is aligned to
+// the vector, or -1 if none (a destination not aligned to its sample size).
+template <int S, int VectorBytes>
 int pixelsToAlignment(const void* d) {
-    for (int h = 0; h < 16 / S; ++h)
-        if ((reinterpret_cast<uintptr_t>(d) + 3 * S * h) % 16 == 0) return h;
+    for (int h = 0; h < VectorBytes / S; ++h)
+        if ((reinterpret_cast<uintptr_t>(d) + 3 * S * h) % VectorBytes == 0) return h;
     return -1;
 }
 
-// Drives a kernel over blocks of 16 / S pixels.  When streaming, a short
-// scalar head reaches an aligned destination and the stores bypass the
-// cache (then a fence orders them before whatever the caller does next).
-template <int S, class Block, class T>
+// Drives a kernel over blocks of one vector's worth of pixels of each
+// plane.  When streaming, a short scalar head reaches an aligned
+// destination and the stores bypass the cache (then a fence orders them
+// before whatever the caller does next).
+template <int S, int VectorBytes, class Block, class T>
 int interleaveBlocks(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
-    constexpr int P = 16 / S;
+    constexpr int P = VectorBytes / S;
     int x = 0;
     if (stream) {
-        const int head = pixelsToAlignment<S>(d);
+        const int head = pixelsToAlignment<S, VectorBytes>(d);
         if (head >= 0 && head + P <= n) {
             for (; x < head; ++x) d[3 * x] = a[x], d[3 * x + 1] = b[x], d[3 * x + 2] = c[x];
             for (; x + P <= n; x += P) Block::run(a + x, b + x, c + x, d + 3 * x, std::true_type());
@@ -467,11 +474,12 @@ struct InterleaveLaneBlock {
         for (int k = 0; k < 3; ++k) storeOrStream(d + 4 * k, out[k], nt);
     }
 };
+#ifndef __AVX2__
 template <>
 struct VecInterleave3<4> {
     template <class T>
     static int run(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
-        return interleaveBlocks<4, InterleaveLaneBlock>(a, b, c, d, n, stream);
+        return interleaveBlocks<4, 16, InterleaveLaneBlock>(a, b, c, d, n, stream);
     }
 };
 template <>
@@ -490,6 +498,7 @@ struct VecDeinterleave3<4> {
         return x;
     }
 };
+#endif
 
 #ifdef __SSSE3__
 template <int S>
@@ -506,13 +515,215 @@ template <int S>
 struct ByteInterleave {
     template <class T>
     static int run(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
-        return interleaveBlocks<S, InterleaveByteBlock<S>>(a, b, c, d, n, stream);
+        return interleaveBlocks<S, 16, InterleaveByteBlock<S>>(a, b, c, d, n, stream);
     }
 };
 template <>
 struct VecInterleave3<1> : ByteInterleave<1> {};
+#    ifndef __AVX512BW__
 template <>
 struct VecInterleave3<2> : ByteInterleave<2> {};
+#    endif
+#endif
+
+// ---- wide registers: element permutations, the channel swap ---------------------------
+#ifdef __AVX2__
+constexpr int kWideBytes = static_cast<int>(sizeof(WideI));
+
+// Elements of E bytes across a wide register by an index vector: 32-bit
+// elements from AVX2 (VPERMD), 16-bit ones at 512 bits (VPERMW, BW).
+inline __m256i permuteElements(std::integral_constant<int, 4>, __m256i v, __m256i index) {
+    return _mm256_permutevar8x32_epi32(v, index);
+}
+inline __m256i elementSelector(std::integral_constant<int, 4>, __m256i m) { return m; }
+#    if defined(__AVX512F__) && defined(__AVX512BW__)
+inline __m512i permuteElements(std::integral_constant<int, 4>, __m512i v, __m512i index) {
+    return _mm512_permutexvar_epi32(index, v);
+}
+inline __m512i permuteElements(std::integral_constant<int, 2>, __m512i v, __m512i index) {
+    return _mm512_permutexvar_epi16(index, v);
+}
+inline __mmask16 elementSelector(std::integral_constant<int, 4>, __m512i m) { return _mm512_movepi32_mask(m); }
+inline __mmask32 elementSelector(std::integral_constant<int, 2>, __m512i m) { return _mm512_movepi16_mask(m); }
+#    endif
+
+// Any permutation (Map, counted in elements of E bytes) of K wide
+// registers: output register j is a blend, over the input registers that
+// feed it, of one permutation of each.  The indices and blend masks are
+// computed at compile time.
+template <class Map, int K, int E>
+struct ElementPermute {
+    static constexpr int L = kWideBytes / E;
+    using Element = std::conditional_t<E == 4, int32_t, int16_t>;
+    struct Controls {
+        alignas(64) Element index[K][K][L];
+        alignas(64) Element from[K][K][L];  // -1 where output j takes input k
+        bool used[K][K];
+    };
+    static constexpr Controls make() {
+        Controls r{};
+        for (int j = 0; j < K; ++j)
+            for (int k = 0; k < K; ++k)
+                for (int e = 0; e < L; ++e) {
+                    const int s = Map::src(L * j + e);
+                    const bool here = s / L == k;
+                    r.index[j][k][e] = static_cast<Element>(here ? s % L : 0);
+                    r.from[j][k][e] = static_cast<Element>(here ? -1 : 0);
+                    r.used[j][k] = r.used[j][k] || here;
+                }
+        return r;
+    }
+    static constexpr Controls kControls = make();
+    using Size = std::integral_constant<int, E>;
+
+    template <int J, size_t... I>
+    static WideI outRegister(const WideI* in, std::index_sequence<I...>) {
+        WideI acc = zero<WideI>();
+        ((acc = kControls.used[J][I] ? select(elementSelector(Size(), loadAs<WideI>(kControls.from[J][I])),
+                                              permuteElements(Size(), in[I], loadAs<WideI>(kControls.index[J][I])), acc)
+                                     : acc),
+         ...);
+        return acc;
+    }
+    template <size_t... J>
+    static void apply(const WideI* in, WideI* out, std::index_sequence<J...>) {
+        ((out[J] = outRegister<J>(in, std::make_index_sequence<K>())), ...);
+    }
+    static void apply(const WideI* in, WideI* out) { apply(in, out, std::make_index_sequence<K>()); }
+};
+
+// Three-channel pixels of S-byte samples, three registers of them reversed.
+template <int S>
+struct WideReverse3 {
+    static constexpr int L = kWideBytes / S;
+    static constexpr int kPixels = L;
+    struct Block {
+        WideI v[3];
+    };
+    static Block load(const void* p) {
+        const auto* b = static_cast<const unsigned char*>(p);
+        return {{loadAs<WideI>(b), loadAs<WideI>(b + sizeof(WideI)), loadAs<WideI>(b + 2 * sizeof(WideI))}};
+    }
+    static void storeReversed(void* p, const Block& b) {
+        WideI out[3];
+        ElementPermute<ReversePixels<3, L, 3>, 3, S>::apply(b.v, out);
+        auto* d = static_cast<unsigned char*>(p);
+        for (int k = 0; k < 3; ++k) store(d + k * sizeof(WideI), out[k]);
+    }
+};
+
+// Planar rows of S-byte samples into three-channel pixels and back.
+template <int L>
+struct InterleaveElements {
+    static constexpr int src(int q) { return (q % 3) * L + q / 3; }
+};
+template <int L>
+struct DeinterleaveElements {
+    static constexpr int src(int q) { return 3 * (q % L) + q / L; }
+};
+template <int S>
+struct WideInterleaveBlock {
+    template <class T, class Streaming>
+    static void run(const T* a, const T* b, const T* c, T* d, Streaming nt) {
+        const WideI in[3] = {loadAs<WideI>(a), loadAs<WideI>(b), loadAs<WideI>(c)};
+        WideI out[3];
+        ElementPermute<InterleaveElements<kWideBytes / S>, 3, S>::apply(in, out);
+        for (int k = 0; k < 3; ++k) storeOrStream(reinterpret_cast<unsigned char*>(d) + k * sizeof(WideI), out[k], nt);
+    }
+};
+template <int S>
+struct WideInterleave {
+    template <class T>
+    static int run(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
+        return interleaveBlocks<S, kWideBytes, WideInterleaveBlock<S>>(a, b, c, d, n, stream);
+    }
+};
+template <int S>
+struct WideDeinterleave {
+    template <class T>
+    static int run(const T* s, T* a, T* b, T* c, int n) {
+        constexpr int P = kWideBytes / S;
+        int x = 0;
+        for (; x + P <= n; x += P) {
+            const WideI in[3] = {loadAs<WideI>(s + 3 * x), loadAs<WideI>(s + 3 * x + P),
+                                 loadAs<WideI>(s + 3 * x + 2 * P)};
+            WideI out[3];
+            ElementPermute<DeinterleaveElements<P>, 3, S>::apply(in, out);
+            store(a + x, out[0]);
+            store(b + x, out[1]);
+            store(c + x, out[2]);
+        }
+        return x;
+    }
+};
+
+template <>
+struct RevBlock<4, 3> : WideReverse3<4> {};
+template <>
+struct VecInterleave3<4> : WideInterleave<4> {};
+template <>
+struct VecDeinterleave3<4> : WideDeinterleave<4> {};
+#    ifdef __AVX512BW__
+template <>
+struct RevBlock<2, 3> : WideReverse3<2> {};
+template <>
+struct VecInterleave3<2> : WideInterleave<2> {};
+#    endif
+
+// Channel swap of three-byte pixels on wide registers, where PSHUFB works
+// inside each 128-bit lane.  Every byte comes from its own pixel, so the
+// bytes a lane of output needs lie within two bytes of the lane: two loads
+// two bytes before and after the lane's place hold them all, and two
+// PSHUFBs and an OR make the lane.  A block is three registers (one
+// register's worth of pixels) from pixel 1 on, so the first load never
+// starts before the row and every block has the same controls; pixel 0 is
+// swapped alone first.  All loads of a block come before its stores, and a
+// load outside the block only reads bytes the block does not use, so s may
+// equal d.
+template <>
+struct VecSwap3<Vek8u> {
+    static constexpr int B = kWideBytes;  // pixels a block
+    struct Plan {
+        WideI before[3], after[3];
+        int order[3];
+        explicit Plan(const int* channelOrder) : order{channelOrder[0], channelOrder[1], channelOrder[2]} {
+            alignas(64) signed char a[3][B], b[3][B];
+            for (int k = 0; k < 3; ++k)
+                for (int i = 0; i < B; ++i) {
+                    const int q = 3 + k * B + i;                // byte in the row
+                    const int from = q - q % 3 + order[q % 3];  // its source byte
+                    const int lane = q - i % 16;                // where its lane starts
+                    const bool early = from - (lane - 2) < 16;
+                    a[k][i] = static_cast<signed char>(early ? from - (lane - 2) : -128);
+                    b[k][i] = static_cast<signed char>(early ? -128 : from - (lane + 2));
+                }
+            for (int k = 0; k < 3; ++k) before[k] = loadAs<WideI>(a[k]), after[k] = loadAs<WideI>(b[k]);
+        }
+    };
+    static WideI shuffleBytes(WideI v, WideI control) {
+#    if defined(__AVX512F__) && defined(__AVX512BW__)
+        return _mm512_shuffle_epi8(v, control);
+#    else
+        return _mm256_shuffle_epi8(v, control);
+#    endif
+    }
+    static int run(const Plan& p, const Vek8u* s, Vek8u* d, int n) {
+        if (int64_t(n) < B + 2) return 0;
+        const Vek8u s0 = s[p.order[0]], s1 = s[p.order[1]], s2 = s[p.order[2]];
+        d[0] = s0, d[1] = s1, d[2] = s2;
+        int x = 1;
+        for (; int64_t(x) + B + 1 <= n; x += B) {  // the block's last load ends 2 bytes past it
+            const Vek8u* from = s + 3 * int64_t(x);
+            WideI in[3][2];
+            for (int k = 0; k < 3; ++k)
+                in[k][0] = loadAs<WideI>(from + k * B - 2), in[k][1] = loadAs<WideI>(from + k * B + 2);
+            for (int k = 0; k < 3; ++k)
+                store(d + 3 * int64_t(x) + k * B,
+                      orBits(shuffleBytes(in[k][0], p.before[k]), shuffleBytes(in[k][1], p.after[k])));
+        }
+        return x;
+    }
+};
 #endif
 
 }  // namespace
