@@ -140,9 +140,9 @@ VEK_EXPORT(vekiMirror_32s_C1IR,   plain, sse,   sse,   sse,   sse,   sse,   avx2
 VEK_EXPORT(vekiMirror_32s_C3IR,   plain, sse,   sse,   sse,   sse,   sse,   avx2,   avx512,   VekStatus, (Vek32s* pSrcDst, int srcDstStep, VekiSize roi, int flip))
 VEK_EXPORT(vekiMirror_32f_C1IR,   plain, sse,   sse,   sse,   sse,   sse,   avx2,   avx512,   VekStatus, (Vek32f* pSrcDst, int srcDstStep, VekiSize roi, int flip))
 VEK_EXPORT(vekiMirror_32f_C3IR,   plain, sse,   sse,   sse,   sse,   sse,   avx2,   avx512,   VekStatus, (Vek32f* pSrcDst, int srcDstStep, VekiSize roi, int flip))
-VEK_EXPORT(vekiSwapChannels_8u_C3R,  plain, plain, plain, plain, ssse3, ssse3, avx2, avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, const int dstOrder[3]))
-VEK_EXPORT(vekiSwapChannels_8u_C3IR, plain, plain, plain, plain, ssse3, ssse3, avx2, avx512, VekStatus, (Vek8u* pSrcDst, int srcDstStep, VekiSize roi, const int dstOrder[3]))
-VEK_EXPORT(vekiCopyReplicateBorder_32s_C1R, plain, plain, sse2, sse2, sse2, sse2, avx2, avx512, VekStatus, (const Vek32s* pSrc, int srcStep, VekiSize srcRoi, Vek32s* pDst, int dstStep, VekiSize dstRoi, int topBorderHeight, int leftBorderWidth))
+VEK_EXPORT(vekiSwapChannels_8u_C3R,  plain, plain, plain, plain, ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, const int dstOrder[3]))
+VEK_EXPORT(vekiSwapChannels_8u_C3IR, plain, plain, plain, plain, ssse3, ssse3, ssse3, ssse3, VekStatus, (Vek8u* pSrcDst, int srcDstStep, VekiSize roi, const int dstOrder[3]))
+VEK_EXPORT(vekiCopyReplicateBorder_32s_C1R, plain, plain, sse2, sse2, sse2, sse2, sse2, sse2, VekStatus, (const Vek32s* pSrc, int srcStep, VekiSize srcRoi, Vek32s* pDst, int dstStep, VekiSize dstRoi, int topBorderHeight, int leftBorderWidth))
 
 
 // ---- image type conversions and per-pixel arithmetic (image/) --------------

@@ -1,5 +1,5 @@
 // Image copies, sets, mirrors and channel swaps, avx2 level: fills, the AC4
-// copy, one-channel and 32-bit mirrors, planar 32f copies and channel swaps
+// copy, one-channel and 32-bit mirrors and planar 32f copies
 // on 256-bit vectors (AVX2).
 // The kernels are shared with the other SIMD levels (image/copy_simd.h);
 // this file instantiates them for this level and defines its members.
@@ -20,11 +20,9 @@ namespace vek::avx2 {
 
 VEK_IMAGE_COPY_AC4_MEMBER
 VEK_IMAGE_SET_WIDE_MEMBERS
-VEK_IMAGE_BORDER_MEMBER
 VEK_IMAGE_MIRROR_8U_C1_MEMBERS
 VEK_IMAGE_MIRROR_16_C1_MEMBERS
 VEK_IMAGE_MIRROR_32_C1_MEMBERS
 VEK_IMAGE_MIRROR_32_C3_MEMBERS
 VEK_IMAGE_PLANAR_32F_MEMBERS
-VEK_IMAGE_SWAP_MEMBERS
 }  // namespace vek::avx2

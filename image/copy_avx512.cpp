@@ -1,6 +1,6 @@
 // Image copies, sets, mirrors and channel swaps, avx512 level: fills, the
 // AC4 copy, one-channel, 16-bit and 32-bit mirrors, planar 32f and 16s
-// copies and channel swaps on 512-bit vectors (AVX-512 F and BW).
+// copies on 512-bit vectors (AVX-512 F and BW).
 // The kernels are shared with the other SIMD levels (image/copy_simd.h);
 // this file instantiates them for this level and defines its members.
 #include <immintrin.h>
@@ -20,7 +20,6 @@ namespace vek::avx512 {
 
 VEK_IMAGE_COPY_AC4_MEMBER
 VEK_IMAGE_SET_WIDE_MEMBERS
-VEK_IMAGE_BORDER_MEMBER
 VEK_IMAGE_MIRROR_8U_C1_MEMBERS
 VEK_IMAGE_MIRROR_16_C1_MEMBERS
 VEK_IMAGE_MIRROR_16_C3_MEMBERS
@@ -28,5 +27,4 @@ VEK_IMAGE_MIRROR_32_C1_MEMBERS
 VEK_IMAGE_MIRROR_32_C3_MEMBERS
 VEK_IMAGE_PLANAR_32F_MEMBERS
 VEK_IMAGE_PLANAR_16S_MEMBER
-VEK_IMAGE_SWAP_MEMBERS
 }  // namespace vek::avx512

@@ -298,16 +298,22 @@ struct RevBlock<4, 1> : WideReverse<4> {};
 // ---- fills and masked copies (SSE2 and wider) ---------------------------------------------------
 #ifdef __SSE2__
 // The last vector may overlap the one before: it writes the same value.
+// Rows shorter than the widest vector take 16-byte ones.
 template <int S>
 struct WideFill {
-    template <class T>
-    static int run(T* d, int n, T v) {
-        constexpr int W = sizeof(WideI) / S;
+    template <class V, class T>
+    static int fill(T* d, int n, T v) {
+        constexpr int W = sizeof(V) / S;
         if (n < W) return 0;
-        const WideI x = splat<WideI>(v);
+        const V x = splat<V>(v);
         for (int i = 0; i + W <= n; i += W) store(d + i, x);
         store(d + n - W, x);
         return n;
+    }
+    template <class T>
+    static int run(T* d, int n, T v) {
+        const int done = fill<WideI>(d, n, v);
+        return done > 0 || sizeof(WideI) == 16 ? done : fill<__m128i>(d, n, v);
     }
 };
 template <>
@@ -317,24 +323,28 @@ struct VecFill<4> : WideFill<4> {};
 
 // Blocks of three vectors (16 pixels a 16-byte vector) inside the 3n - 2
 // bytes the row spans, so no byte after the last written one is read or
-// rewritten.
+// rewritten: wide blocks first, then 16-byte ones.
+template <class V>
+int64_t fillEveryThirdBlocks(Vek8u* d, int64_t o, int64_t span, Vek8u v) {
+    constexpr int kBlock = 3 * sizeof(V);
+    alignas(64) unsigned char mask[kBlock];
+    for (int b = 0; b < kBlock; ++b) mask[b] = b % 3 == 0 ? 0xFF : 0;
+    const V value = splat<V>(v);
+    const auto m0 = byteMask(loadAs<V>(mask));
+    const decltype(m0) m[3] = {m0, byteMask(loadAs<V>(mask + kBlock / 3)), byteMask(loadAs<V>(mask + 2 * kBlock / 3))};
+    for (; o + kBlock <= span; o += kBlock)
+        for (int k = 0; k < 3; ++k) {
+            Vek8u* p = d + o + k * kBlock / 3;
+            store(p, select(m[k], value, loadAs<V>(p)));
+        }
+    return o;
+}
 template <>
 struct VecFillEveryThird<Vek8u> {
     static int run(Vek8u* d, int n, Vek8u v) {
-        constexpr int kBlock = 3 * sizeof(WideI);
-        alignas(64) unsigned char mask[kBlock];
-        for (int b = 0; b < kBlock; ++b) mask[b] = b % 3 == 0 ? 0xFF : 0;
-        const WideI value = splat<WideI>(v);
-        const auto m0 = byteMask(loadAs<WideI>(mask));
-        const decltype(m0) m[3] = {m0, byteMask(loadAs<WideI>(mask + kBlock / 3)),
-                                   byteMask(loadAs<WideI>(mask + 2 * kBlock / 3))};
         const int64_t span = 3 * int64_t(n) - 2;
-        int64_t o = 0;
-        for (; o + kBlock <= span; o += kBlock)
-            for (int k = 0; k < 3; ++k) {
-                Vek8u* p = d + o + k * kBlock / 3;
-                store(p, select(m[k], value, loadAs<WideI>(p)));
-            }
+        int64_t o = fillEveryThirdBlocks<WideI>(d, 0, span, v);
+        if constexpr (sizeof(WideI) > 16) o = fillEveryThirdBlocks<__m128i>(d, o, span, v);
         return static_cast<int>(o / 3);
     }
 };
@@ -356,7 +366,6 @@ struct VecCopyAC4<Vek8u> {
 
 // ---- channel swaps (SSSE3) ---------------------------------------------------------------
 #ifdef __SSSE3__
-#    ifndef __AVX2__
 // Sixteen pixels (48 bytes, three registers) at a time: every byte comes
 // from its own pixel, so output register j takes bytes from input registers
 // j - 1 to j + 1.  All three are loaded before any is stored, so s may equal
@@ -389,7 +398,6 @@ struct VecSwap3<Vek8u> {
         return x;
     }
 };
-#    endif
 
 // Three-channel 16-bit mirror out of place, a whole row of at least three
 // pixels: reversed pairs stored 12 bytes apart, each store's four zero bytes
@@ -526,7 +534,7 @@ struct VecInterleave3<2> : ByteInterleave<2> {};
 #    endif
 #endif
 
-// ---- wide registers: element permutations, the channel swap ---------------------------
+// ---- wide registers: element permutations ----------------------------------------------
 #ifdef __AVX2__
 constexpr int kWideBytes = static_cast<int>(sizeof(WideI));
 
@@ -669,61 +677,6 @@ struct RevBlock<2, 3> : WideReverse3<2> {};
 template <>
 struct VecInterleave3<2> : WideInterleave<2> {};
 #    endif
-
-// Channel swap of three-byte pixels on wide registers, where PSHUFB works
-// inside each 128-bit lane.  Every byte comes from its own pixel, so the
-// bytes a lane of output needs lie within two bytes of the lane: two loads
-// two bytes before and after the lane's place hold them all, and two
-// PSHUFBs and an OR make the lane.  A block is three registers (one
-// register's worth of pixels) from pixel 1 on, so the first load never
-// starts before the row and every block has the same controls; pixel 0 is
-// swapped alone first.  All loads of a block come before its stores, and a
-// load outside the block only reads bytes the block does not use, so s may
-// equal d.
-template <>
-struct VecSwap3<Vek8u> {
-    static constexpr int B = kWideBytes;  // pixels a block
-    struct Plan {
-        WideI before[3], after[3];
-        int order[3];
-        explicit Plan(const int* channelOrder) : order{channelOrder[0], channelOrder[1], channelOrder[2]} {
-            alignas(64) signed char a[3][B], b[3][B];
-            for (int k = 0; k < 3; ++k)
-                for (int i = 0; i < B; ++i) {
-                    const int q = 3 + k * B + i;                // byte in the row
-                    const int from = q - q % 3 + order[q % 3];  // its source byte
-                    const int lane = q - i % 16;                // where its lane starts
-                    const bool early = from - (lane - 2) < 16;
-                    a[k][i] = static_cast<signed char>(early ? from - (lane - 2) : -128);
-                    b[k][i] = static_cast<signed char>(early ? -128 : from - (lane + 2));
-                }
-            for (int k = 0; k < 3; ++k) before[k] = loadAs<WideI>(a[k]), after[k] = loadAs<WideI>(b[k]);
-        }
-    };
-    static WideI shuffleBytes(WideI v, WideI control) {
-#    if defined(__AVX512F__) && defined(__AVX512BW__)
-        return _mm512_shuffle_epi8(v, control);
-#    else
-        return _mm256_shuffle_epi8(v, control);
-#    endif
-    }
-    static int run(const Plan& p, const Vek8u* s, Vek8u* d, int n) {
-        if (int64_t(n) < B + 2) return 0;
-        const Vek8u s0 = s[p.order[0]], s1 = s[p.order[1]], s2 = s[p.order[2]];
-        d[0] = s0, d[1] = s1, d[2] = s2;
-        int x = 1;
-        for (; int64_t(x) + B + 1 <= n; x += B) {  // the block's last load ends 2 bytes past it
-            const Vek8u* from = s + 3 * int64_t(x);
-            WideI in[3][2];
-            for (int k = 0; k < 3; ++k)
-                in[k][0] = loadAs<WideI>(from + k * B - 2), in[k][1] = loadAs<WideI>(from + k * B + 2);
-            for (int k = 0; k < 3; ++k)
-                store(d + 3 * int64_t(x) + k * B,
-                      orBits(shuffleBytes(in[k][0], p.before[k]), shuffleBytes(in[k][1], p.after[k])));
-        }
-        return x;
-    }
-};
 #endif
 
 }  // namespace
