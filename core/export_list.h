@@ -105,7 +105,11 @@ VEK_EXPORT(veksThreshold_LT_32s_I, plain, plain, sse2,  sse2,  sse2,  sse41, avx
 
 // ---- image copies, sets, mirrors, channel swaps, borders (image/) ----------
 // Whole rows go through memcpy at every level; the vector levels add
-// shuffles where a row is reordered (see image/copy_simd.h).
+// shuffles where a row is reordered (see image/copy_simd.h).  AVX2 reverses
+// whole 256-bit registers and permutes 32-bit elements across them, AVX-512
+// 16-bit ones too (VPERMW).  Three-channel bytes (no byte permutation across
+// lanes below VBMI), the channel swap and the border replication keep their
+// lower level: their wide forms measured no faster.
 VEK_EXPORT(vekiCopy_8u_C1R,       plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi))
 VEK_EXPORT(vekiCopy_16s_C1R,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDst, int dstStep, VekiSize roi))
 VEK_EXPORT(vekiCopy_32f_C1R,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek32f* pSrc, int srcStep, Vek32f* pDst, int dstStep, VekiSize roi))
