@@ -11,6 +11,9 @@
 #    include <stdlib.h>
 
 #    include <jpeglib.h>
+#    ifdef VEK_HAVE_TURBOJPEG
+#        include <turbojpeg.h>
+#    endif
 
 #    include <fstream>
 #    include <iterator>
@@ -153,6 +156,44 @@ inline std::vector<unsigned char> libjpegOptimise(const std::vector<unsigned cha
     jpeg_destroy_decompress(&d);
     return out;
 }
+
+#    ifdef VEK_HAVE_TURBOJPEG
+// TurboJPEG's one-call API with the accurate DCT (and, decoding, the
+// smooth upsampling that is its default): pixels decoded at a scale of
+// 1/denominator, and pixels compressed with sampling "444", "422", "420" or
+// "gray".
+inline Pixels turboDecode(const std::vector<unsigned char>& file, int channels, int denominator) {
+    tjhandle h = tjInitDecompress();
+    int width = 0, height = 0, sampling = 0, colourspace = 0;
+    tjDecompressHeader3(h, file.data(), static_cast<unsigned long>(file.size()), &width, &height, &sampling,
+                        &colourspace);
+    Pixels p;
+    p.width = (width + denominator - 1) / denominator;
+    p.height = (height + denominator - 1) / denominator;
+    p.channels = channels;
+    p.data.resize(size_t(p.width) * p.height * channels);
+    tjDecompress2(h, file.data(), static_cast<unsigned long>(file.size()), p.data.data(), p.width, 0, p.height,
+                  channels == 1 ? TJPF_GRAY : TJPF_RGB, TJFLAG_ACCURATEDCT);
+    tjDestroy(h);
+    return p;
+}
+
+inline std::vector<unsigned char> turboEncode(const Pixels& p, int quality, const std::string& sampling) {
+    tjhandle h = tjInitCompress();
+    unsigned char* mem = nullptr;
+    unsigned long size = 0;
+    const int subsampling = sampling == "444"   ? TJSAMP_444
+                            : sampling == "422" ? TJSAMP_422
+                            : sampling == "420" ? TJSAMP_420
+                                                : TJSAMP_GRAY;
+    tjCompress2(h, p.data.data(), p.width, 0, p.height, p.channels == 1 ? TJPF_GRAY : TJPF_RGB, &mem, &size,
+                subsampling, quality, TJFLAG_ACCURATEDCT);
+    std::vector<unsigned char> out(mem, mem + size);
+    tjFree(mem);
+    tjDestroy(h);
+    return out;
+}
+#    endif
 
 }  // namespace vektest
 

@@ -1,6 +1,7 @@
 // libFuzzer target: the JPEG decoder, whole files and bare entropy-coded
 // data.  Any input, read as a file by the `vek jpeg` codec's reader, must
-// give coefficients or a message, within 64 MiB of coefficients; read as
+// give coefficients or a message, within 64 MiB of coefficients, and
+// coefficients read give pixels at one of the four scales; read as
 // the entropy-coded segment of one scan (the first bytes choose the scan
 // kind, its band and whether a table comes from the input), every block
 // call must write only its 64 coefficients, and a call that fails must
@@ -18,6 +19,7 @@
 #include <vector>
 
 #include "examples/jpeg_codec/jpeg_coefficients.h"
+#include "examples/jpeg_codec/jpeg_pixels.h"
 #include "examples/jpeg_codec/jpeg_tables.h"
 #include "vek.h"
 
@@ -111,7 +113,10 @@ void fuzzScan(const uint8_t* data, size_t size) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     vekjpeg::CoefficientImage img;
-    vekjpeg::readJpeg(data, size, img, size_t(64) << 20);
+    if (vekjpeg::readJpeg(data, size, img, size_t(64) << 20).empty() && long(img.width) * img.height <= (1 << 22)) {
+        vekjpeg::Image pixels;
+        vekjpeg::coefficientsToPixels(img, 1 << (size % 4), pixels);
+    }
     fuzzScan(data, size);
     return 0;
 }

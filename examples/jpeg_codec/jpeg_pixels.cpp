@@ -1,0 +1,285 @@
+// Pixels to coefficients and back (see jpeg_pixels.h).  The encoder walks
+// the image MCU by MCU: the per-MCU function converts, averages the chroma
+// and level-shifts straight from the image (from a small padded copy at the
+// right and bottom edges), and each block goes through the forward DCT
+// with quantisation into the coefficient image.  The decoder puts every
+// component through the inverse DCT into a plane at its decoded size, then
+// works down the image in bands of rows: chroma upsampled into band
+// buffers, the band converted to RGB.
+#include "examples/jpeg_codec/jpeg_pixels.h"
+
+#include <string.h>
+
+#include <algorithm>
+
+#include "examples/jpeg_codec/jpeg_tables.h"
+
+namespace vekjpeg {
+namespace {
+
+// ---- encoding ---------------------------------------------------------------------
+
+// The quality-scaled forward (encoder) and inverse (file) tables: 0 for
+// luminance, 1 for chrominance.
+void scaledTables(int quality, Vek16u forward[2][64], Vek16u (&file)[4][64]) {
+    for (int t = 0; t < 2; ++t) {
+        Vek8u raw[64];
+        memcpy(raw, t ? kChrominanceQuant : kLuminanceQuant, 64);
+        vekiQuantFwdRawTableInit_JPEG_8u(raw, quality);
+        vekiQuantFwdTableInit_JPEG_8u16u(raw, forward[t]);
+        vekiQuantInvTableInit_JPEG_8u16u(raw, file[t]);
+    }
+}
+
+// A w x h window at (x, y) copied into dst (packed rows), the last column
+// and row of the image repeated beyond its edges, as encoders pad.
+void padWindow(const uint8_t* pixels, int width, int height, int channels, int x, int y, int w, int h, uint8_t* dst) {
+    for (int r = 0; r < h; ++r) {
+        const uint8_t* row = pixels + size_t(std::min(y + r, height - 1)) * size_t(width) * size_t(channels);
+        for (int c = 0; c < w; ++c)
+            memcpy(dst + (r * w + c) * channels, row + std::min(x + c, width - 1) * channels, size_t(channels));
+    }
+}
+
+// A block of the MCU padding beyond the component's samples: no AC and the
+// DC of the block coded before it, so that it costs almost nothing.
+void dummyBlock(Component& c, int bx, int by, int mcuX) {
+    Vek16s* b = c.block(bx, by);
+    const Vek16s dc = by >= c.usedHigh ? c.block(mcuX + c.h - 1, by - 1)[0] : c.block(bx - 1, by)[0];
+    memset(b, 0, 64 * sizeof(Vek16s));
+    b[0] = dc;
+}
+
+void encodeGrey(const Image& image, const Vek16u* forward, CoefficientImage& img) {
+    std::vector<uint8_t> luma;
+    const uint8_t* plane = image.pixels.data();
+    const int w = image.width, h = image.height;
+    if (image.channels == 3) {
+        luma.resize(size_t(w) * size_t(h));
+        vekiRGBToY_JPEG_8u_C3C1R(plane, w * 3, luma.data(), w, {w, h});
+        plane = luma.data();
+    }
+    Component& c = img.components[0];
+    uint8_t pad[64];
+    for (int by = 0; by < c.usedHigh; ++by)
+        for (int bx = 0; bx < c.usedWide; ++bx) {
+            if (8 * bx + 8 <= w && 8 * by + 8 <= h) {
+                vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(plane + size_t(8 * by) * size_t(w) + size_t(8 * bx), w,
+                                                    c.block(bx, by), forward);
+            } else {
+                padWindow(plane, w, h, 1, 8 * bx, 8 * by, 8, 8, pad);
+                vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(pad, 8, c.block(bx, by), forward);
+            }
+        }
+}
+
+void encodeColour(const Image& image, Sampling sampling, const Vek16u forward[2][64], CoefficientImage& img) {
+    using McuFn = VekStatus(VEK_CALL*)(const Vek8u*, int, Vek16s* const[3]);
+    const McuFn toBlocks = sampling == Sampling::S444   ? vekiRGBToYCbCr444LS_MCU_8u16s_C3P3R
+                           : sampling == Sampling::S422 ? vekiRGBToYCbCr422LS_MCU_8u16s_C3P3R
+                                                        : vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R;
+    Component& y = img.components[0];
+    const int mw = 8 * y.h, mh = 8 * y.v, w = image.width, h = image.height;
+    alignas(32) Vek16s luma[4 * 64], cb[64], cr[64];
+    Vek16s* const blocks[3] = {luma, cb, cr};
+    uint8_t pad[16 * 16 * 3];
+    for (int my = 0; my < img.mcusHigh; ++my)
+        for (int mx = 0; mx < img.mcusWide; ++mx) {
+            const int x0 = mx * mw, y0 = my * mh;
+            if (x0 + mw <= w && y0 + mh <= h) {
+                toBlocks(image.pixels.data() + (size_t(y0) * size_t(w) + size_t(x0)) * 3, w * 3, blocks);
+            } else {
+                padWindow(image.pixels.data(), w, h, 3, x0, y0, mw, mh, pad);
+                toBlocks(pad, mw * 3, blocks);
+            }
+            for (int i = 0; i < y.h * y.v; ++i) {
+                const int bx = mx * y.h + i % y.h, by = my * y.v + i / y.h;
+                if (bx < y.usedWide && by < y.usedHigh)
+                    vekiDCTQuantFwd8x8_JPEG_16s_C1(luma + 64 * i, y.block(bx, by), forward[0]);
+                else
+                    dummyBlock(y, bx, by, mx * y.h);
+            }
+            vekiDCTQuantFwd8x8_JPEG_16s_C1(cb, img.components[1].block(mx, my), forward[1]);
+            vekiDCTQuantFwd8x8_JPEG_16s_C1(cr, img.components[2].block(mx, my), forward[1]);
+        }
+}
+
+// ---- decoding ---------------------------------------------------------------------
+
+// One component at its decoded size: `scaled` samples a block side (8, 4,
+// 2 or 1), `wide` x `high` samples inside the image, stretched by hf x vf
+// to the output.
+struct Plane {
+    int scaled = 8, hf = 1, vf = 1, wide = 0, high = 0;
+    std::vector<uint8_t> samples;  // the decoded blocks, `step` bytes a row
+};
+
+void inverseBlocks(const Component& c, const Vek16u* quant, Plane& p, int step) {
+    Vek8u dcOnly[64];
+    for (int by = 0; by < c.usedHigh; ++by) {
+        uint8_t* row = p.samples.data() + size_t(by) * size_t(p.scaled) * size_t(step);
+        for (int bx = 0; bx < c.usedWide; ++bx) {
+            const Vek16s* b = c.block(bx, by);
+            uint8_t* dst = row + bx * p.scaled;
+            switch (p.scaled) {
+            case 8: vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
+            case 4: vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
+            case 2: vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
+            default:
+                vekiDCTQuantInv8x8LS_1x1_JPEG_16s8u_C1R(b, dcOnly, 8, quant);
+                *dst = dcOnly[0];
+                break;
+            }
+        }
+    }
+}
+
+// Output rows [r0, r0 + rows) of a stretched plane into band (same step).
+// The smooth filter when the output is scaled by more than 1/8 and the
+// plane is wider than 2 samples, as libjpeg-turbo's decoder does.
+void stretchBand(const Plane& p, int step, int outWide, int r0, int rows, bool smooth, uint8_t* band) {
+    const uint8_t* src = p.samples.data();
+    smooth = smooth && p.wide > 2;
+    if (p.hf == 2 && p.vf == 1) {
+        const VekiSize from = {p.wide, rows}, to = {outWide, rows};
+        if (smooth)
+            vekiSampleUpH2V1Smooth_JPEG_8u_C1R(src + size_t(r0) * size_t(step), step, from, band, step, to);
+        else
+            vekiSampleUpH2V1_JPEG_8u_C1R(src + size_t(r0) * size_t(step), step, from, band, step, to);
+    } else if (p.hf == 2 && p.vf == 2 && smooth) {
+        for (int r = r0; r < r0 + rows; ++r) {
+            const int near = r / 2, far = r % 2 ? std::min(near + 1, p.high - 1) : std::max(near - 1, 0);
+            vekiSampleUpRowH2V2Smooth_JPEG_8u_C1(src + size_t(near) * size_t(step), src + size_t(far) * size_t(step),
+                                                 p.wide, band + size_t(r - r0) * size_t(step), outWide);
+        }
+    } else if (p.hf == 2 && p.vf == 2 && r0 % 2 == 0) {
+        vekiSampleUpH2V2_JPEG_8u_C1R(src + size_t(r0 / 2) * size_t(step), step, {p.wide, (rows + 1) / 2}, band, step,
+                                     {outWide, rows});
+    } else {  // other factors: samples repeated
+        for (int r = 0; r < rows; ++r) {
+            const uint8_t* in = src + size_t((r0 + r) / p.vf) * size_t(step);
+            uint8_t* out = band + size_t(r) * size_t(step);
+            for (int x = 0; x < outWide; ++x) out[x] = in[x / p.hf];
+        }
+    }
+}
+
+}  // namespace
+
+std::string pixelsToCoefficients(const Image& image, const EncodeOptions& options, CoefficientImage& img) {
+    img = CoefficientImage();
+    if (image.width < 1 || image.height < 1 || image.width > 65535 || image.height > 65535)
+        return "image size " + std::to_string(image.width) + "x" + std::to_string(image.height) +
+               " out of JPEG's range 1..65535";
+    if (image.channels != 1 && image.channels != 3) return "only grey and RGB images can be encoded";
+    if (image.pixels.size() != size_t(image.width) * size_t(image.height) * size_t(image.channels))
+        return "pixel data of the wrong size";
+    if (options.quality < 1 || options.quality > 100) return "quality out of range 1..100";
+    const bool grey = image.channels == 1 || options.sampling == Sampling::Grey;
+    img.width = image.width;
+    img.height = image.height;
+    img.progressive = options.progressive;
+    img.restartInterval = options.restartInterval;
+    if (grey) {
+        img.components.resize(1);
+        img.components[0].id = 1;
+    } else {
+        img.components.resize(3);
+        for (int i = 0; i < 3; ++i) {
+            img.components[size_t(i)].id = i + 1;
+            img.components[size_t(i)].quantTable = i ? 1 : 0;
+        }
+        img.components[0].h = options.sampling == Sampling::S444 ? 1 : 2;
+        img.components[0].v = options.sampling == Sampling::S420 ? 2 : 1;
+    }
+    if (std::string e = layOut(img, size_t(1) << 31); !e.empty()) return e;
+    Vek16u forward[2][64];
+    scaledTables(options.quality, forward, img.quant);
+    if (grey)
+        encodeGrey(image, forward[0], img);
+    else
+        encodeColour(image, options.sampling, forward, img);
+    return "";
+}
+
+std::string encodeJpeg(const Image& image, const EncodeOptions& options, std::vector<uint8_t>& out) {
+    CoefficientImage img;
+    if (std::string e = pixelsToCoefficients(image, options, img); !e.empty()) return e;
+    return writeJpeg(img, {options.optimize, options.progressive, options.restartInterval}, out);
+}
+
+std::string coefficientsToPixels(const CoefficientImage& img, int denominator, Image& image) {
+    image = Image();
+    if (denominator != 1 && denominator != 2 && denominator != 4 && denominator != 8)
+        return "scale 1/" + std::to_string(denominator) + " is not supported (1/1, 1/2, 1/4 or 1/8)";
+    const size_t count = img.components.size();
+    if (count != 1 && count != 3) return std::to_string(count) + " components: only 1 or 3 are supported";
+    const int s = 8 / denominator;
+    const long width = img.width, height = img.height;
+    const int outWide = int((width * s + 7) / 8), outHigh = int((height * s + 7) / 8);
+    // Each component's block size: a subsampled component is decoded
+    // larger, up to 8, so that it needs less stretching (libjpeg-turbo
+    // does the same, so scaled decodes agree with it).
+    const int maxH = count == 1 ? img.components[0].h : img.maxH;
+    const int maxV = count == 1 ? img.components[0].v : img.maxV;
+    Plane planes[3];
+    int step = 0;
+    for (size_t i = 0; i < count; ++i) {
+        const Component& c = img.components[i];
+        Plane& p = planes[i];
+        p.scaled = s;
+        while (p.scaled < 8 && (maxH * s) % (c.h * p.scaled * 2) == 0 && (maxV * s) % (c.v * p.scaled * 2) == 0)
+            p.scaled *= 2;
+        if ((maxH * s) % (c.h * p.scaled) || (maxV * s) % (c.v * p.scaled))
+            return "sampling factors that are not a whole multiple of each other are not supported";
+        p.hf = maxH * s / (c.h * p.scaled);
+        p.vf = maxV * s / (c.v * p.scaled);
+        p.wide = int((width * c.h * p.scaled + maxH * 8 - 1) / (maxH * 8));
+        p.high = int((height * c.v * p.scaled + maxV * 8 - 1) / (maxV * 8));
+        step = std::max(step, c.usedWide * p.scaled);
+    }
+    step = std::max(step, outWide);
+    step = (step + 31) & ~31;
+    for (size_t i = 0; i < count; ++i) {
+        const Component& c = img.components[i];
+        planes[i].samples.resize(size_t(c.usedHigh) * size_t(planes[i].scaled) * size_t(step));
+        inverseBlocks(c, img.quant[c.quantTable & 3], planes[i], step);
+    }
+    image.width = outWide;
+    image.height = outHigh;
+    image.channels = int(count);
+    image.pixels.resize(size_t(outWide) * size_t(outHigh) * count);
+    if (count == 1) {
+        for (int r = 0; r < outHigh; ++r)
+            memcpy(&image.pixels[size_t(r) * size_t(outWide)], planes[0].samples.data() + size_t(r) * size_t(step),
+                   size_t(outWide));
+        return "";
+    }
+    const int kBand = 16;
+    std::vector<uint8_t> bands[3];
+    for (size_t i = 0; i < 3; ++i)
+        if (planes[i].hf != 1 || planes[i].vf != 1) bands[i].resize(size_t(kBand) * size_t(step));
+    for (int r0 = 0; r0 < outHigh; r0 += kBand) {
+        const int rows = std::min(kBand, outHigh - r0);
+        const Vek8u* src[3];
+        for (size_t i = 0; i < 3; ++i) {
+            if (bands[i].empty()) {
+                src[i] = planes[i].samples.data() + size_t(r0) * size_t(step);
+            } else {
+                stretchBand(planes[i], step, outWide, r0, rows, s > 1, bands[i].data());
+                src[i] = bands[i].data();
+            }
+        }
+        vekiYCbCrToRGB_JPEG_8u_P3C3R(src, step, &image.pixels[size_t(r0) * size_t(outWide) * 3], outWide * 3,
+                                     {outWide, rows});
+    }
+    return "";
+}
+
+std::string decodeJpeg(const uint8_t* data, size_t size, int denominator, Image& image, size_t maxBytes) {
+    CoefficientImage img;
+    if (std::string e = readJpeg(data, size, img, maxBytes); !e.empty()) return e;
+    return coefficientsToPixels(img, denominator, image);
+}
+
+}  // namespace vekjpeg
