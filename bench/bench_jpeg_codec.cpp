@@ -19,6 +19,9 @@ struct Codec {
     vekjpeg::Image pixels;              // the photograph decoded
     vekjpeg::CoefficientImage encoded;  // its coefficients as our encoder makes them
     std::vector<uint8_t> file, out;
+    vekjpeg::CoefficientImage encodeWork;
+    vekjpeg::DecodeWork decodeWork;
+    vekjpeg::Image decoded;
     std::vector<Vek16s> scratch = std::vector<Vek16s>(6 * 64);
     std::vector<Vek8u> plane;
     Codec() {
@@ -77,29 +80,25 @@ VEK_BENCH_FAMILY(jpegCodec) {
     };
     add("codec:encode/photo1080p", raw + coded, [] {
         Codec& c = codec();
-        vekjpeg::encodeJpeg(c.pixels, Codec::options(), c.out);
+        vekjpeg::encodeJpeg(c.pixels, Codec::options(), c.out, &c.encodeWork);
     });
     add("codec:encode:colour/photo1080p", raw + coefficients, [] { codec().colourForward(); });
-    add("codec:encode:colour+dct/photo1080p", raw + coefficients, [] {
-        vekjpeg::CoefficientImage img;
-        vekjpeg::pixelsToCoefficients(codec().pixels, Codec::options(), img);
-    });
+    add("codec:encode:colour+dct/photo1080p", raw + coefficients,
+        [] { vekjpeg::pixelsToCoefficients(codec().pixels, Codec::options(), codec().encodeWork); });
     add("codec:encode:entropy/photo1080p", coefficients + coded, [] {
         Codec& c = codec();
         vekjpeg::writeJpeg(c.encoded, {}, c.out);
     });
     add("codec:decode/photo1080p", raw + coded, [] {
-        vekjpeg::Image image;
-        vekjpeg::decodeJpeg(photoFile().data(), photoFile().size(), 1, image);
+        Codec& c = codec();
+        vekjpeg::decodeJpeg(photoFile().data(), photoFile().size(), 1, c.decoded, &c.decodeWork);
     });
-    add("codec:decode:entropy/photo1080p", coefficients + coded, [] {
-        vekjpeg::CoefficientImage img;
-        vekjpeg::readJpeg(photoFile().data(), photoFile().size(), img);
-    });
+    add("codec:decode:entropy/photo1080p", coefficients + coded,
+        [] { vekjpeg::readJpeg(photoFile().data(), photoFile().size(), codec().decodeWork.coefficients); });
     add("codec:decode:dct/photo1080p", coefficients + pixels * 1.5, [] { codec().inverseTransform(); });
     add("codec:decode:dct+colour/photo1080p", coefficients + raw, [] {
-        vekjpeg::Image image;
-        vekjpeg::coefficientsToPixels(photoCoefficients(), 1, image);
+        Codec& c = codec();
+        vekjpeg::coefficientsToPixels(photoCoefficients(), 1, c.decoded, &c.decodeWork);
     });
 }
 

@@ -70,6 +70,7 @@ vekjpeg::Sampling samplingOf(const std::string& s) {
 }
 
 TEST(JpegCodecPixels, EncodesAsFaithfullyAndAsSmallAsLibjpegTurbo) {
+    vekjpeg::CoefficientImage work;  // reused from encode to encode
     for (const std::string sampling : kSamplings) {
         const bool grey = sampling == "gray";
         const Pixels& src = source(grey);
@@ -79,7 +80,7 @@ TEST(JpegCodecPixels, EncodesAsFaithfullyAndAsSmallAsLibjpegTurbo) {
             options.quality = quality;
             options.sampling = samplingOf(sampling);
             std::vector<uint8_t> ours, optimised, progressive;
-            ASSERT_EQ(vekjpeg::encodeJpeg(asImage(src), options, ours), "");
+            ASSERT_EQ(vekjpeg::encodeJpeg(asImage(src), options, ours, &work), "");
             const std::vector<unsigned char> theirs = turboEncode(src, quality, sampling);
             const std::vector<unsigned char> ourFile(ours.begin(), ours.end());
             const Pixels ourPixels = turboDecode(ourFile, src.channels, 1);
@@ -87,7 +88,7 @@ TEST(JpegCodecPixels, EncodesAsFaithfullyAndAsSmallAsLibjpegTurbo) {
             EXPECT_LE(double(ours.size()), 1.03 * double(theirs.size()))
                 << ours.size() << " bytes, libjpeg-turbo " << theirs.size();
             options.optimize = true;
-            ASSERT_EQ(vekjpeg::encodeJpeg(asImage(src), options, optimised), "");
+            ASSERT_EQ(vekjpeg::encodeJpeg(asImage(src), options, optimised, &work), "");
             LibjpegSettings settings;
             settings.quality = quality;
             settings.sampling = sampling;
@@ -99,7 +100,7 @@ TEST(JpegCodecPixels, EncodesAsFaithfullyAndAsSmallAsLibjpegTurbo) {
             EXPECT_LE(double(optimised.size()), 1.01 * double(libjpegEncode(src, settings).size()));
             // Progressive: the same coefficients, so the same pixels.
             options.progressive = true;
-            ASSERT_EQ(vekjpeg::encodeJpeg(asImage(src), options, progressive), "");
+            ASSERT_EQ(vekjpeg::encodeJpeg(asImage(src), options, progressive, &work), "");
             const Pixels progressivePixels =
                 turboDecode(std::vector<unsigned char>(progressive.begin(), progressive.end()), src.channels, 1);
             EXPECT_TRUE(progressivePixels.data == ourPixels.data);
@@ -108,6 +109,10 @@ TEST(JpegCodecPixels, EncodesAsFaithfullyAndAsSmallAsLibjpegTurbo) {
 }
 
 TEST(JpegCodecPixels, DecodesLikeLibjpegTurboAtEveryScale) {
+    // One decoder's memory and one output image for all: each decode
+    // reuses what the one before left, of another size and sampling.
+    vekjpeg::DecodeWork work;
+    vekjpeg::Image ours;
     for (const std::string sampling : kSamplings)
         for (bool progressive : {false, true})
             for (bool odd : {false, true}) {
@@ -120,8 +125,7 @@ TEST(JpegCodecPixels, DecodesLikeLibjpegTurboAtEveryScale) {
                 settings.restartInterval = odd ? 3 : 0;
                 const std::vector<unsigned char> file = libjpegEncode(src, settings);
                 for (int denominator : {1, 2, 4, 8}) {
-                    vekjpeg::Image ours;
-                    ASSERT_EQ(vekjpeg::decodeJpeg(file.data(), file.size(), denominator, ours), "");
+                    ASSERT_EQ(vekjpeg::decodeJpeg(file.data(), file.size(), denominator, ours, &work), "");
                     const Pixels theirs = turboDecode(file, src.channels, denominator);
                     ASSERT_EQ(ours.width, theirs.width);
                     ASSERT_EQ(ours.height, theirs.height);

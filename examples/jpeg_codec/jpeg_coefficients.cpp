@@ -163,9 +163,12 @@ private:
         if (count != 1 && count != 3) return std::to_string(count) + " components: only 1 or 3 are supported";
         if (len < 6 + 3 * count) return "bad frame header";
         img_.progressive = progressive;
-        img_.components.assign(size_t(count), Component());
+        img_.components.resize(size_t(count));
         for (int i = 0; i < count; ++i) {
             Component& c = img_.components[size_t(i)];
+            std::vector<Vek16s> memory = std::move(c.coefficients);
+            c = Component();
+            c.coefficients = std::move(memory);
             c.id = s[6 + 3 * i];
             c.h = s[7 + 3 * i] >> 4;
             c.v = s[7 + 3 * i] & 15;
@@ -576,6 +579,14 @@ private:
 
 }  // namespace
 
+void resetKeepingMemory(CoefficientImage& img) {
+    std::vector<std::vector<Vek16s>> memory;
+    for (Component& c : img.components) memory.push_back(std::move(c.coefficients));
+    img = CoefficientImage();
+    img.components.resize(memory.size());
+    for (size_t i = 0; i < memory.size(); ++i) img.components[i].coefficients = std::move(memory[i]);
+}
+
 std::string layOut(CoefficientImage& img, size_t maxBytes) {
     img.maxH = img.maxV = 1;
     for (const Component& c : img.components) {
@@ -602,7 +613,7 @@ std::string layOut(CoefficientImage& img, size_t maxBytes) {
 }
 
 std::string readJpeg(const uint8_t* data, size_t size, CoefficientImage& img, size_t maxBytes) {
-    img = CoefficientImage();
+    resetKeepingMemory(img);
     if (size > 0x7FFFFFF0u) return "file too large";
     return FileReader(data, size, img, maxBytes).read();
 }

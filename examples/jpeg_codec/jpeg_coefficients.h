@@ -43,13 +43,19 @@ struct CoefficientImage {
 };
 
 // Block counts from width, height and each component's sampling factors;
-// allocates zeroed coefficients.  Fails (a message) when the coefficients
-// would take more than maxBytes.
+// zeroed coefficients (in the memory the components already hold, when
+// it is large enough).  Fails (a message) when the coefficients would take
+// more than maxBytes.
 std::string layOut(CoefficientImage& img, size_t maxBytes);
+// Every field back to its default, but the components keep their
+// coefficient memory for the next image (a decoder or encoder that works
+// image after image then allocates, and faults in, nothing new).
+void resetKeepingMemory(CoefficientImage& img);
 
 // Reads a whole file.  Accepts 8-bit baseline, extended-sequential and
 // progressive Huffman-coded files of 1 or 3 components; refuses the rest
-// with a message saying what is unsupported.
+// with a message saying what is unsupported.  The memory img holds is
+// reused.
 std::string readJpeg(const uint8_t* data, size_t size, CoefficientImage& img, size_t maxBytes = size_t(1) << 30);
 
 struct WriteOptions {

@@ -164,10 +164,35 @@ void stretchBand(const Plane& p, int step, int outWide, int r0, int rows, bool s
     }
 }
 
+// The three planes to RGB pixels, band after band of output rows; the
+// stretched components go through band buffers.
+void toRgb(const Plane* planes, int step, bool smooth, Image& image, std::vector<uint8_t>* bands) {
+    const int kBand = 16, outWide = image.width, outHigh = image.height;
+    bool stretched[3];
+    for (size_t i = 0; i < 3; ++i) {
+        stretched[i] = planes[i].hf != 1 || planes[i].vf != 1;
+        if (stretched[i]) bands[i].resize(size_t(kBand) * size_t(step));
+    }
+    for (int r0 = 0; r0 < outHigh; r0 += kBand) {
+        const int rows = std::min(kBand, outHigh - r0);
+        const Vek8u* src[3];
+        for (size_t i = 0; i < 3; ++i) {
+            if (stretched[i]) {
+                stretchBand(planes[i], step, outWide, r0, rows, smooth, bands[i].data());
+                src[i] = bands[i].data();
+            } else {
+                src[i] = planes[i].samples.data() + size_t(r0) * size_t(step);
+            }
+        }
+        vekiYCbCrToRGB_JPEG_8u_P3C3R(src, step, &image.pixels[size_t(r0) * size_t(outWide) * 3], outWide * 3,
+                                     {outWide, rows});
+    }
+}
+
 }  // namespace
 
 std::string pixelsToCoefficients(const Image& image, const EncodeOptions& options, CoefficientImage& img) {
-    img = CoefficientImage();
+    resetKeepingMemory(img);
     if (image.width < 1 || image.height < 1 || image.width > 65535 || image.height > 65535)
         return "image size " + std::to_string(image.width) + "x" + std::to_string(image.height) +
                " out of JPEG's range 1..65535";
@@ -183,6 +208,7 @@ std::string pixelsToCoefficients(const Image& image, const EncodeOptions& option
     if (grey) {
         img.components.resize(1);
         img.components[0].id = 1;
+        img.components[0].quantTable = 0;
     } else {
         img.components.resize(3);
         for (int i = 0; i < 3; ++i) {
@@ -202,14 +228,18 @@ std::string pixelsToCoefficients(const Image& image, const EncodeOptions& option
     return "";
 }
 
-std::string encodeJpeg(const Image& image, const EncodeOptions& options, std::vector<uint8_t>& out) {
-    CoefficientImage img;
+std::string encodeJpeg(const Image& image, const EncodeOptions& options, std::vector<uint8_t>& out,
+                       CoefficientImage* work) {
+    CoefficientImage own;
+    CoefficientImage& img = work ? *work : own;
     if (std::string e = pixelsToCoefficients(image, options, img); !e.empty()) return e;
     return writeJpeg(img, {options.optimize, options.progressive, options.restartInterval}, out);
 }
 
-std::string coefficientsToPixels(const CoefficientImage& img, int denominator, Image& image) {
-    image = Image();
+std::string coefficientsToPixels(const CoefficientImage& img, int denominator, Image& image, DecodeWork* work) {
+    DecodeWork own;
+    DecodeWork& memory = work ? *work : own;
+    image.width = image.height = image.channels = 0;
     if (denominator != 1 && denominator != 2 && denominator != 4 && denominator != 8)
         return "scale 1/" + std::to_string(denominator) + " is not supported (1/1, 1/2, 1/4 or 1/8)";
     const size_t count = img.components.size();
@@ -223,6 +253,7 @@ std::string coefficientsToPixels(const CoefficientImage& img, int denominator, I
     const int maxH = count == 1 ? img.components[0].h : img.maxH;
     const int maxV = count == 1 ? img.components[0].v : img.maxV;
     Plane planes[3];
+    for (size_t i = 0; i < 3; ++i) planes[i].samples.swap(memory.planes[i]);
     int step = 0;
     for (size_t i = 0; i < count; ++i) {
         const Component& c = img.components[i];
@@ -253,33 +284,19 @@ std::string coefficientsToPixels(const CoefficientImage& img, int denominator, I
         for (int r = 0; r < outHigh; ++r)
             memcpy(&image.pixels[size_t(r) * size_t(outWide)], planes[0].samples.data() + size_t(r) * size_t(step),
                    size_t(outWide));
-        return "";
+    } else {
+        toRgb(planes, step, s > 1, image, memory.bands);
     }
-    const int kBand = 16;
-    std::vector<uint8_t> bands[3];
-    for (size_t i = 0; i < 3; ++i)
-        if (planes[i].hf != 1 || planes[i].vf != 1) bands[i].resize(size_t(kBand) * size_t(step));
-    for (int r0 = 0; r0 < outHigh; r0 += kBand) {
-        const int rows = std::min(kBand, outHigh - r0);
-        const Vek8u* src[3];
-        for (size_t i = 0; i < 3; ++i) {
-            if (bands[i].empty()) {
-                src[i] = planes[i].samples.data() + size_t(r0) * size_t(step);
-            } else {
-                stretchBand(planes[i], step, outWide, r0, rows, s > 1, bands[i].data());
-                src[i] = bands[i].data();
-            }
-        }
-        vekiYCbCrToRGB_JPEG_8u_P3C3R(src, step, &image.pixels[size_t(r0) * size_t(outWide) * 3], outWide * 3,
-                                     {outWide, rows});
-    }
+    for (size_t i = 0; i < 3; ++i) planes[i].samples.swap(memory.planes[i]);
     return "";
 }
 
-std::string decodeJpeg(const uint8_t* data, size_t size, int denominator, Image& image, size_t maxBytes) {
-    CoefficientImage img;
-    if (std::string e = readJpeg(data, size, img, maxBytes); !e.empty()) return e;
-    return coefficientsToPixels(img, denominator, image);
+std::string decodeJpeg(const uint8_t* data, size_t size, int denominator, Image& image, DecodeWork* work,
+                       size_t maxBytes) {
+    DecodeWork own;
+    DecodeWork& memory = work ? *work : own;
+    if (std::string e = readJpeg(data, size, memory.coefficients, maxBytes); !e.empty()) return e;
+    return coefficientsToPixels(memory.coefficients, denominator, image, &memory);
 }
 
 }  // namespace vekjpeg
