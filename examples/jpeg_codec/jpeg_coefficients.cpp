@@ -48,19 +48,23 @@ struct ScanSpec {
 };
 
 // Calls block(component, bx, by) for every block of the scan in coding
-// order, and restart(n) before the first MCU of restart interval n + 1.  A
-// scan of one component codes its blocks alone, row by row; a scan of
+// order, restart(n) before the first MCU of restart interval n + 1, and
+// rows(n) whenever the scan's blocks of the first n MCU rows are complete.
+// A scan of one component codes its blocks alone, row by row; a scan of
 // several codes whole MCUs.  Stops when a call returns false.
-template <class BlockFn, class RestartFn>
+template <class BlockFn, class RestartFn, class RowsFn>
 bool walkScan(const CoefficientImage& img, const std::vector<int>& comps, int interval, BlockFn block,
-              RestartFn restart) {
+              RestartFn restart, RowsFn rows) {
     if (comps.size() == 1) {
         const Component& c = img.components[size_t(comps[0])];
         const long units = long(c.usedWide) * c.usedHigh;
         for (long i = 0; i < units; ++i) {
             if (interval && i && i % interval == 0 && !restart(int(i / interval - 1))) return false;
-            if (!block(comps[0], int(i % c.usedWide), int(i / c.usedWide))) return false;
+            const int bx = int(i % c.usedWide), by = int(i / c.usedWide);
+            if (!block(comps[0], bx, by)) return false;
+            if (bx == c.usedWide - 1 && (by + 1) % c.v == 0) rows((by + 1) / c.v);
         }
+        rows(img.mcusHigh);
         return true;
     }
     const long mcus = long(img.mcusWide) * img.mcusHigh;
@@ -73,9 +77,11 @@ bool walkScan(const CoefficientImage& img, const std::vector<int>& comps, int in
                 for (int x = 0; x < c.h; ++x)
                     if (!block(ci, mx * c.h + x, my * c.v + y)) return false;
         }
+        if (mx == img.mcusWide - 1) rows(my + 1);
     }
     return true;
 }
+void noRows(int) {}
 
 std::string statusMessage(VekStatus s) {
     switch (s) {
@@ -91,8 +97,8 @@ std::string statusMessage(VekStatus s) {
 
 class FileReader {
 public:
-    FileReader(const uint8_t* d, size_t n, CoefficientImage& img, size_t maxBytes)
-        : d_(d), n_(int(n)), img_(img), maxBytes_(maxBytes) {}
+    FileReader(const uint8_t* d, size_t n, CoefficientImage& img, size_t maxBytes, const RowsDone& rowsDone)
+        : d_(d), n_(int(n)), img_(img), maxBytes_(maxBytes), rowsDone_(rowsDone) {}
 
     std::string read() {
         if (n_ < 4 || d_[0] != 0xFF || d_[1] != 0xD8) return "not a JPEG file (no start-of-image marker)";
@@ -312,7 +318,12 @@ private:
             for (Vek16s& dc : lastDc) dc = 0;
             return true;
         };
-        if (walkScan(img_, scan.components, img_.restartInterval, block, restart)) return "";
+        // A sequential scan of every component makes the blocks final, MCU
+        // row after MCU row.
+        auto rows = [&](int n) {
+            if (rowsDone_ && !img_.progressive && scan.components.size() == img_.components.size()) rowsDone_(n);
+        };
+        if (walkScan(img_, scan.components, img_.restartInterval, block, restart, rows)) return "";
         return restartError.empty() ? statusMessage(failure) : restartError;
     }
 
@@ -327,6 +338,7 @@ private:
     int n_;
     CoefficientImage& img_;
     size_t maxBytes_;
+    const RowsDone& rowsDone_;
     bool haveFrame_ = false;
     int scans_ = 0;
     DecodeTable dc_[4] = {
@@ -464,7 +476,8 @@ private:
             for (Vek16s& dc : lastDc) dc = 0;
             return true;
         };
-        if (!walkScan(img_, scan.components, opt_.restartInterval, block, restart)) return statusMessage(failure);
+        if (!walkScan(img_, scan.components, opt_.restartInterval, block, restart, noRows))
+            return statusMessage(failure);
         flush();
         return "";
     }
@@ -565,7 +578,7 @@ private:
             for (Vek16s& d : lastDc) d = 0;
             return true;
         };
-        if (!walkScan(img_, scan.components, opt_.restartInterval, block, restart) ||
+        if (!walkScan(img_, scan.components, opt_.restartInterval, block, restart, noRows) ||
             (failure = call(first, nullptr, 1)) != StatusOk)
             return statusMessage(failure);
         out_.resize(size_t(pos));
@@ -612,10 +625,11 @@ std::string layOut(CoefficientImage& img, size_t maxBytes) {
     return "";
 }
 
-std::string readJpeg(const uint8_t* data, size_t size, CoefficientImage& img, size_t maxBytes) {
+std::string readJpeg(const uint8_t* data, size_t size, CoefficientImage& img, size_t maxBytes,
+                     const RowsDone& rowsDone) {
     resetKeepingMemory(img);
     if (size > 0x7FFFFFF0u) return "file too large";
-    return FileReader(data, size, img, maxBytes).read();
+    return FileReader(data, size, img, maxBytes, rowsDone).read();
 }
 
 std::string writeJpeg(const CoefficientImage& img, const WriteOptions& options, std::vector<uint8_t>& out) {

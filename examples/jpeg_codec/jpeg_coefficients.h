@@ -13,6 +13,7 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -56,7 +57,12 @@ void resetKeepingMemory(CoefficientImage& img);
 // progressive Huffman-coded files of 1 or 3 components; refuses the rest
 // with a message saying what is unsupported.  The memory img holds is
 // reused.
-std::string readJpeg(const uint8_t* data, size_t size, CoefficientImage& img, size_t maxBytes = size_t(1) << 30);
+// rowsDone(n), when given, is called whenever a sequential scan of every
+// component has completed the blocks of the first n MCU rows, so that a
+// decoder can turn them into pixels while they are in the cache.
+using RowsDone = std::function<void(int mcuRows)>;
+std::string readJpeg(const uint8_t* data, size_t size, CoefficientImage& img, size_t maxBytes = size_t(1) << 30,
+                     const RowsDone& rowsDone = nullptr);
 
 struct WriteOptions {
     bool optimize = false;     // optimal Huffman tables (always, when progressive)

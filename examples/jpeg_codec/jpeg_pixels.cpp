@@ -3,14 +3,17 @@
 // and level-shifts straight from the image (from a small padded copy at the
 // right and bottom edges), and each block goes through the forward DCT
 // with quantisation into the coefficient image.  The decoder puts every
-// component through the inverse DCT into a plane at its decoded size, then
-// works down the image in bands of rows: chroma upsampled into band
-// buffers, the band converted to RGB.
+// component through the inverse DCT into a plane at its decoded size and
+// converts each band of output rows as soon as the planes hold what it
+// needs: chroma upsampled into band buffers, the band converted to RGB.
+// For a baseline file this runs MCU row by MCU row while the scan is
+// decoded, on coefficients still in the cache.
 #include "examples/jpeg_codec/jpeg_pixels.h"
 
 #include <string.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "examples/jpeg_codec/jpeg_tables.h"
 
@@ -108,16 +111,23 @@ void encodeColour(const Image& image, Sampling sampling, const Vek16u forward[2]
 
 // One component at its decoded size: `scaled` samples a block side (8, 4,
 // 2 or 1), `wide` x `high` samples inside the image, stretched by hf x vf
-// to the output.
+// to the output; `blockRows` rows of blocks decoded so far.
 struct Plane {
-    int scaled = 8, hf = 1, vf = 1, wide = 0, high = 0;
-    std::vector<uint8_t> samples;  // the decoded blocks, `step` bytes a row
+    int scaled = 8, hf = 1, vf = 1, wide = 0, high = 0, blockRows = 0;
+    uint8_t* samples = nullptr;  // the decoded blocks, `step` bytes a row
+    // Output rows [0, n) can be made from the first `available` rows when
+    // this returns n or more.
+    int outputRows(int available, bool smooth) const {
+        if (vf == 1) return available;
+        if (vf == 2 && hf == 2 && smooth && wide > 2) return std::max(0, 2 * available - 2);  // needs the row below
+        return available * vf;
+    }
 };
 
-void inverseBlocks(const Component& c, const Vek16u* quant, Plane& p, int step) {
+void inverseBlocks(const Component& c, const Vek16u* quant, const Plane& p, int step, int fromRow, int toRow) {
     Vek8u dcOnly[64];
-    for (int by = 0; by < c.usedHigh; ++by) {
-        uint8_t* row = p.samples.data() + size_t(by) * size_t(p.scaled) * size_t(step);
+    for (int by = fromRow; by < toRow; ++by) {
+        uint8_t* row = p.samples + size_t(by) * size_t(p.scaled) * size_t(step);
         for (int bx = 0; bx < c.usedWide; ++bx) {
             const Vek16s* b = c.block(bx, by);
             uint8_t* dst = row + bx * p.scaled;
@@ -138,7 +148,7 @@ void inverseBlocks(const Component& c, const Vek16u* quant, Plane& p, int step) 
 // The smooth filter when the output is scaled by more than 1/8 and the
 // plane is wider than 2 samples, as libjpeg-turbo's decoder does.
 void stretchBand(const Plane& p, int step, int outWide, int r0, int rows, bool smooth, uint8_t* band) {
-    const uint8_t* src = p.samples.data();
+    const uint8_t* src = p.samples;
     smooth = smooth && p.wide > 2;
     if (p.hf == 2 && p.vf == 1) {
         const VekiSize from = {p.wide, rows}, to = {outWide, rows};
@@ -164,30 +174,108 @@ void stretchBand(const Plane& p, int step, int outWide, int r0, int rows, bool s
     }
 }
 
-// The three planes to RGB pixels, band after band of output rows; the
-// stretched components go through band buffers.
-void toRgb(const Plane* planes, int step, bool smooth, Image& image, std::vector<uint8_t>* bands) {
-    const int kBand = 16, outWide = image.width, outHigh = image.height;
-    bool stretched[3];
-    for (size_t i = 0; i < 3; ++i) {
-        stretched[i] = planes[i].hf != 1 || planes[i].vf != 1;
-        if (stretched[i]) bands[i].resize(size_t(kBand) * size_t(step));
-    }
-    for (int r0 = 0; r0 < outHigh; r0 += kBand) {
-        const int rows = std::min(kBand, outHigh - r0);
-        const Vek8u* src[3];
-        for (size_t i = 0; i < 3; ++i) {
-            if (stretched[i]) {
-                stretchBand(planes[i], step, outWide, r0, rows, smooth, bands[i].data());
-                src[i] = bands[i].data();
-            } else {
-                src[i] = planes[i].samples.data() + size_t(r0) * size_t(step);
-            }
+// Coefficients to pixels as they become final, MCU row after MCU row:
+// the inverse DCT of each new row of blocks into the component planes,
+// then every output row those planes can make, stretched and converted to
+// RGB in bands.
+class PixelWriter {
+public:
+    PixelWriter(const CoefficientImage& img, Image& image, DecodeWork& work) : img_(img), image_(image), work_(work) {}
+
+    std::string start(int denominator) {
+        if (denominator != 1 && denominator != 2 && denominator != 4 && denominator != 8)
+            return "scale 1/" + std::to_string(denominator) + " is not supported (1/1, 1/2, 1/4 or 1/8)";
+        count_ = img_.components.size();
+        if (count_ != 1 && count_ != 3) return std::to_string(count_) + " components: only 1 or 3 are supported";
+        s_ = 8 / denominator;
+        const long width = img_.width, height = img_.height;
+        outWide_ = int((width * s_ + 7) / 8);
+        outHigh_ = int((height * s_ + 7) / 8);
+        // Each component's block size: a subsampled component is decoded
+        // larger, up to 8, so that it needs less stretching (libjpeg-turbo
+        // does the same, so scaled decodes agree with it).
+        const int maxH = count_ == 1 ? img_.components[0].h : img_.maxH;
+        const int maxV = count_ == 1 ? img_.components[0].v : img_.maxV;
+        step_ = outWide_;
+        for (size_t i = 0; i < count_; ++i) {
+            const Component& c = img_.components[i];
+            Plane& p = planes_[i];
+            p.scaled = s_;
+            while (p.scaled < 8 && (maxH * s_) % (c.h * p.scaled * 2) == 0 && (maxV * s_) % (c.v * p.scaled * 2) == 0)
+                p.scaled *= 2;
+            if ((maxH * s_) % (c.h * p.scaled) || (maxV * s_) % (c.v * p.scaled))
+                return "sampling factors that are not a whole multiple of each other are not supported";
+            p.hf = maxH * s_ / (c.h * p.scaled);
+            p.vf = maxV * s_ / (c.v * p.scaled);
+            p.wide = int((width * c.h * p.scaled + maxH * 8 - 1) / (maxH * 8));
+            p.high = int((height * c.v * p.scaled + maxV * 8 - 1) / (maxV * 8));
+            step_ = std::max(step_, c.usedWide * p.scaled);
         }
-        vekiYCbCrToRGB_JPEG_8u_P3C3R(src, step, &image.pixels[size_t(r0) * size_t(outWide) * 3], outWide * 3,
-                                     {outWide, rows});
+        step_ = (step_ + 31) & ~31;
+        for (size_t i = 0; i < count_; ++i) {
+            work_.planes[i].resize(size_t(img_.components[i].usedHigh) * size_t(planes_[i].scaled) * size_t(step_));
+            planes_[i].samples = work_.planes[i].data();
+            if (count_ == 3 && (planes_[i].hf != 1 || planes_[i].vf != 1))
+                work_.bands[i].resize(size_t(kBand) * size_t(step_));
+        }
+        image_.width = outWide_;
+        image_.height = outHigh_;
+        image_.channels = int(count_);
+        image_.pixels.resize(size_t(outWide_) * size_t(outHigh_) * count_);
+        return "";
     }
-}
+
+    // The blocks of the first mcuRows MCU rows are final.
+    void advance(int mcuRows) {
+        int ready = outHigh_;
+        for (size_t i = 0; i < count_; ++i) {
+            const Component& c = img_.components[i];
+            Plane& p = planes_[i];
+            const int rows = std::min(c.usedHigh, mcuRows * c.v);
+            if (rows > p.blockRows) {
+                inverseBlocks(c, img_.quant[c.quantTable & 3], p, step_, p.blockRows, rows);
+                p.blockRows = rows;
+            }
+            if (p.blockRows < c.usedHigh) ready = std::min(ready, p.outputRows(p.blockRows * p.scaled, s_ > 1));
+        }
+        if (ready > converted_) convert(converted_, ready);
+        converted_ = std::max(converted_, ready);
+    }
+
+private:
+    static constexpr int kBand = 16;
+
+    void convert(int from, int to) {
+        if (count_ == 1) {
+            for (int r = from; r < to; ++r)
+                memcpy(&image_.pixels[size_t(r) * size_t(outWide_)], planes_[0].samples + size_t(r) * size_t(step_),
+                       size_t(outWide_));
+            return;
+        }
+        for (int r0 = from; r0 < to; r0 += kBand) {
+            const int rows = std::min(kBand, to - r0);
+            const Vek8u* src[3];
+            for (size_t i = 0; i < 3; ++i) {
+                const Plane& p = planes_[i];
+                if (p.hf != 1 || p.vf != 1) {
+                    stretchBand(p, step_, outWide_, r0, rows, s_ > 1, work_.bands[i].data());
+                    src[i] = work_.bands[i].data();
+                } else {
+                    src[i] = p.samples + size_t(r0) * size_t(step_);
+                }
+            }
+            vekiYCbCrToRGB_JPEG_8u_P3C3R(src, step_, &image_.pixels[size_t(r0) * size_t(outWide_) * 3], outWide_ * 3,
+                                         {outWide_, rows});
+        }
+    }
+
+    const CoefficientImage& img_;
+    Image& image_;
+    DecodeWork& work_;
+    Plane planes_[3];
+    size_t count_ = 0;
+    int s_ = 8, step_ = 0, outWide_ = 0, outHigh_ = 0, converted_ = 0;
+};
 
 }  // namespace
 
@@ -238,56 +326,9 @@ std::string encodeJpeg(const Image& image, const EncodeOptions& options, std::ve
 
 std::string coefficientsToPixels(const CoefficientImage& img, int denominator, Image& image, DecodeWork* work) {
     DecodeWork own;
-    DecodeWork& memory = work ? *work : own;
-    image.width = image.height = image.channels = 0;
-    if (denominator != 1 && denominator != 2 && denominator != 4 && denominator != 8)
-        return "scale 1/" + std::to_string(denominator) + " is not supported (1/1, 1/2, 1/4 or 1/8)";
-    const size_t count = img.components.size();
-    if (count != 1 && count != 3) return std::to_string(count) + " components: only 1 or 3 are supported";
-    const int s = 8 / denominator;
-    const long width = img.width, height = img.height;
-    const int outWide = int((width * s + 7) / 8), outHigh = int((height * s + 7) / 8);
-    // Each component's block size: a subsampled component is decoded
-    // larger, up to 8, so that it needs less stretching (libjpeg-turbo
-    // does the same, so scaled decodes agree with it).
-    const int maxH = count == 1 ? img.components[0].h : img.maxH;
-    const int maxV = count == 1 ? img.components[0].v : img.maxV;
-    Plane planes[3];
-    for (size_t i = 0; i < 3; ++i) planes[i].samples.swap(memory.planes[i]);
-    int step = 0;
-    for (size_t i = 0; i < count; ++i) {
-        const Component& c = img.components[i];
-        Plane& p = planes[i];
-        p.scaled = s;
-        while (p.scaled < 8 && (maxH * s) % (c.h * p.scaled * 2) == 0 && (maxV * s) % (c.v * p.scaled * 2) == 0)
-            p.scaled *= 2;
-        if ((maxH * s) % (c.h * p.scaled) || (maxV * s) % (c.v * p.scaled))
-            return "sampling factors that are not a whole multiple of each other are not supported";
-        p.hf = maxH * s / (c.h * p.scaled);
-        p.vf = maxV * s / (c.v * p.scaled);
-        p.wide = int((width * c.h * p.scaled + maxH * 8 - 1) / (maxH * 8));
-        p.high = int((height * c.v * p.scaled + maxV * 8 - 1) / (maxV * 8));
-        step = std::max(step, c.usedWide * p.scaled);
-    }
-    step = std::max(step, outWide);
-    step = (step + 31) & ~31;
-    for (size_t i = 0; i < count; ++i) {
-        const Component& c = img.components[i];
-        planes[i].samples.resize(size_t(c.usedHigh) * size_t(planes[i].scaled) * size_t(step));
-        inverseBlocks(c, img.quant[c.quantTable & 3], planes[i], step);
-    }
-    image.width = outWide;
-    image.height = outHigh;
-    image.channels = int(count);
-    image.pixels.resize(size_t(outWide) * size_t(outHigh) * count);
-    if (count == 1) {
-        for (int r = 0; r < outHigh; ++r)
-            memcpy(&image.pixels[size_t(r) * size_t(outWide)], planes[0].samples.data() + size_t(r) * size_t(step),
-                   size_t(outWide));
-    } else {
-        toRgb(planes, step, s > 1, image, memory.bands);
-    }
-    for (size_t i = 0; i < 3; ++i) planes[i].samples.swap(memory.planes[i]);
+    PixelWriter writer(img, image, work ? *work : own);
+    if (std::string e = writer.start(denominator); !e.empty()) return e;
+    writer.advance(img.mcusHigh);
     return "";
 }
 
@@ -295,8 +336,21 @@ std::string decodeJpeg(const uint8_t* data, size_t size, int denominator, Image&
                        size_t maxBytes) {
     DecodeWork own;
     DecodeWork& memory = work ? *work : own;
-    if (std::string e = readJpeg(data, size, memory.coefficients, maxBytes); !e.empty()) return e;
-    return coefficientsToPixels(memory.coefficients, denominator, image, &memory);
+    // Baseline files: pixels made MCU row by MCU row as the scan decodes.
+    std::unique_ptr<PixelWriter> writer;
+    std::string error;
+    auto start = [&] {
+        writer = std::make_unique<PixelWriter>(memory.coefficients, image, memory);
+        error = writer->start(denominator);
+    };
+    auto rows = [&](int mcuRows) {
+        if (!writer) start();
+        if (error.empty()) writer->advance(mcuRows);
+    };
+    if (std::string e = readJpeg(data, size, memory.coefficients, maxBytes, rows); !e.empty()) return e;
+    if (!writer) start();
+    if (error.empty()) writer->advance(memory.coefficients.mcusHigh);
+    return error;
 }
 
 }  // namespace vekjpeg
