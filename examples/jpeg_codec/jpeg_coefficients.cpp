@@ -375,8 +375,9 @@ std::vector<ScanSpec> progressiveScript(int components) {
 
 class FileWriter {
 public:
-    FileWriter(const CoefficientImage& img, const WriteOptions& opt, std::vector<uint8_t>& out)
-        : img_(img), opt_(opt), out_(out) {}
+    FileWriter(const CoefficientImage& img, const WriteOptions& opt, std::vector<uint8_t>& out,
+               const RowNeeded& beforeRow)
+        : img_(img), opt_(opt), out_(out), beforeRow_(beforeRow) {}
 
     std::string write() {
         out_.clear();
@@ -578,7 +579,13 @@ private:
             for (Vek16s& d : lastDc) d = 0;
             return true;
         };
-        if (!walkScan(img_, scan.components, opt_.restartInterval, block, restart, noRows) ||
+        // The caller may make each MCU row's blocks just before they are coded.
+        const bool justInTime = beforeRow_ && !opt_.progressive && scan.components.size() == img_.components.size();
+        auto rows = [&](int n) {
+            if (justInTime && n < img_.mcusHigh) beforeRow_(n);
+        };
+        if (justInTime) beforeRow_(0);
+        if (!walkScan(img_, scan.components, opt_.restartInterval, block, restart, rows) ||
             (failure = call(first, nullptr, 1)) != StatusOk)
             return statusMessage(failure);
         out_.resize(size_t(pos));
@@ -588,6 +595,7 @@ private:
     const CoefficientImage& img_;
     const WriteOptions& opt_;
     std::vector<uint8_t>& out_;
+    const RowNeeded& beforeRow_;
 };
 
 }  // namespace
@@ -632,9 +640,10 @@ std::string readJpeg(const uint8_t* data, size_t size, CoefficientImage& img, si
     return FileReader(data, size, img, maxBytes, rowsDone).read();
 }
 
-std::string writeJpeg(const CoefficientImage& img, const WriteOptions& options, std::vector<uint8_t>& out) {
+std::string writeJpeg(const CoefficientImage& img, const WriteOptions& options, std::vector<uint8_t>& out,
+                      const RowNeeded& beforeRow) {
     if (img.components.empty() || img.components.size() > 4) return "no components to write";
-    return FileWriter(img, options, out).write();
+    return FileWriter(img, options, out, beforeRow).write();
 }
 
 }  // namespace vekjpeg

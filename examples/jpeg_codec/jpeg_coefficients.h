@@ -71,7 +71,13 @@ struct WriteOptions {
 };
 // Writes a JFIF file: component 0 uses quantisation table 0 and the
 // luminance Huffman tables, the others table 1 and the chrominance ones.
-std::string writeJpeg(const CoefficientImage& img, const WriteOptions& options, std::vector<uint8_t>& out);
+// beforeRow(n), when given, is called before the blocks of MCU row n are
+// coded by a sequential scan of every component, so that the caller can
+// make the row's coefficients just in time (not with optimize: the
+// counting pass needs them all first).
+using RowNeeded = std::function<void(int mcuRow)>;
+std::string writeJpeg(const CoefficientImage& img, const WriteOptions& options, std::vector<uint8_t>& out,
+                      const RowNeeded& beforeRow = nullptr);
 
 }  // namespace vekjpeg
 

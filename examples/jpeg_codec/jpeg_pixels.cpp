@@ -53,59 +53,116 @@ void dummyBlock(Component& c, int bx, int by, int mcuX) {
     b[0] = dc;
 }
 
-void encodeGrey(const Image& image, const Vek16u* forward, CoefficientImage& img) {
-    std::vector<uint8_t> luma;
-    const uint8_t* plane = image.pixels.data();
-    const int w = image.width, h = image.height;
-    if (image.channels == 3) {
-        luma.resize(size_t(w) * size_t(h));
-        vekiRGBToY_JPEG_8u_C3C1R(plane, w * 3, luma.data(), w, {w, h});
-        plane = luma.data();
+// Pixels to coefficients, MCU row by MCU row: start() checks the image and
+// lays out the coefficient image, rows() fills MCU rows.
+class BlockMaker {
+public:
+    std::string start(const Image& image, const EncodeOptions& options, CoefficientImage& img) {
+        resetKeepingMemory(img);
+        if (image.width < 1 || image.height < 1 || image.width > 65535 || image.height > 65535)
+            return "image size " + std::to_string(image.width) + "x" + std::to_string(image.height) +
+                   " out of JPEG's range 1..65535";
+        if (image.channels != 1 && image.channels != 3) return "only grey and RGB images can be encoded";
+        if (image.pixels.size() != size_t(image.width) * size_t(image.height) * size_t(image.channels))
+            return "pixel data of the wrong size";
+        if (options.quality < 1 || options.quality > 100) return "quality out of range 1..100";
+        image_ = &image;
+        img_ = &img;
+        sampling_ = image.channels == 1 ? Sampling::Grey : options.sampling;
+        img.width = image.width;
+        img.height = image.height;
+        img.progressive = options.progressive;
+        img.restartInterval = options.restartInterval;
+        if (sampling_ == Sampling::Grey) {
+            img.components.resize(1);
+            img.components[0].id = 1;
+            img.components[0].quantTable = 0;
+        } else {
+            img.components.resize(3);
+            for (int i = 0; i < 3; ++i) {
+                img.components[size_t(i)].id = i + 1;
+                img.components[size_t(i)].quantTable = i ? 1 : 0;
+            }
+            img.components[0].h = sampling_ == Sampling::S444 ? 1 : 2;
+            img.components[0].v = sampling_ == Sampling::S420 ? 2 : 1;
+        }
+        if (std::string e = layOut(img, size_t(1) << 31); !e.empty()) return e;
+        scaledTables(options.quality, forward_, img.quant);
+        if (sampling_ == Sampling::Grey && image.channels == 3)
+            luma_.resize(size_t(image.width) * size_t(image.height));
+        return "";
     }
-    Component& c = img.components[0];
-    uint8_t pad[64];
-    for (int by = 0; by < c.usedHigh; ++by)
-        for (int bx = 0; bx < c.usedWide; ++bx) {
-            if (8 * bx + 8 <= w && 8 * by + 8 <= h) {
-                vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(plane + size_t(8 * by) * size_t(w) + size_t(8 * bx), w,
-                                                    c.block(bx, by), forward);
-            } else {
-                padWindow(plane, w, h, 1, 8 * bx, 8 * by, 8, 8, pad);
-                vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(pad, 8, c.block(bx, by), forward);
-            }
-        }
-}
 
-void encodeColour(const Image& image, Sampling sampling, const Vek16u forward[2][64], CoefficientImage& img) {
-    using McuFn = VekStatus(VEK_CALL*)(const Vek8u*, int, Vek16s* const[3]);
-    const McuFn toBlocks = sampling == Sampling::S444   ? vekiRGBToYCbCr444LS_MCU_8u16s_C3P3R
-                           : sampling == Sampling::S422 ? vekiRGBToYCbCr422LS_MCU_8u16s_C3P3R
-                                                        : vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R;
-    Component& y = img.components[0];
-    const int mw = 8 * y.h, mh = 8 * y.v, w = image.width, h = image.height;
-    alignas(32) Vek16s luma[4 * 64], cb[64], cr[64];
-    Vek16s* const blocks[3] = {luma, cb, cr};
-    uint8_t pad[16 * 16 * 3];
-    for (int my = 0; my < img.mcusHigh; ++my)
-        for (int mx = 0; mx < img.mcusWide; ++mx) {
-            const int x0 = mx * mw, y0 = my * mh;
-            if (x0 + mw <= w && y0 + mh <= h) {
-                toBlocks(image.pixels.data() + (size_t(y0) * size_t(w) + size_t(x0)) * 3, w * 3, blocks);
-            } else {
-                padWindow(image.pixels.data(), w, h, 3, x0, y0, mw, mh, pad);
-                toBlocks(pad, mw * 3, blocks);
-            }
-            for (int i = 0; i < y.h * y.v; ++i) {
-                const int bx = mx * y.h + i % y.h, by = my * y.v + i / y.h;
-                if (bx < y.usedWide && by < y.usedHigh)
-                    vekiDCTQuantFwd8x8_JPEG_16s_C1(luma + 64 * i, y.block(bx, by), forward[0]);
-                else
-                    dummyBlock(y, bx, by, mx * y.h);
-            }
-            vekiDCTQuantFwd8x8_JPEG_16s_C1(cb, img.components[1].block(mx, my), forward[1]);
-            vekiDCTQuantFwd8x8_JPEG_16s_C1(cr, img.components[2].block(mx, my), forward[1]);
+    void rows(int from, int to) {
+        if (sampling_ == Sampling::Grey)
+            greyRows(from, to);
+        else
+            colourRows(from, to);
+    }
+
+private:
+    void greyRows(int from, int to) {
+        const int w = image_->width, h = image_->height;
+        const uint8_t* plane = image_->pixels.data();
+        if (image_->channels == 3) {  // the rows' luminance first
+            const int y0 = 8 * from, y1 = std::min(8 * to, h);
+            vekiRGBToY_JPEG_8u_C3C1R(plane + size_t(y0) * size_t(w) * 3, w * 3, &luma_[size_t(y0) * size_t(w)], w,
+                                     {w, y1 - y0});
+            plane = luma_.data();
         }
-}
+        Component& c = img_->components[0];
+        uint8_t pad[64];
+        for (int by = from; by < std::min(to, c.usedHigh); ++by)
+            for (int bx = 0; bx < c.usedWide; ++bx) {
+                if (8 * bx + 8 <= w && 8 * by + 8 <= h) {
+                    vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(plane + size_t(8 * by) * size_t(w) + size_t(8 * bx), w,
+                                                        c.block(bx, by), forward_[0]);
+                } else {
+                    padWindow(plane, w, h, 1, 8 * bx, 8 * by, 8, 8, pad);
+                    vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(pad, 8, c.block(bx, by), forward_[0]);
+                }
+            }
+    }
+
+    void colourRows(int from, int to) {
+        using McuFn = VekStatus(VEK_CALL*)(const Vek8u*, int, Vek16s* const[3]);
+        const McuFn toBlocks = sampling_ == Sampling::S444   ? vekiRGBToYCbCr444LS_MCU_8u16s_C3P3R
+                               : sampling_ == Sampling::S422 ? vekiRGBToYCbCr422LS_MCU_8u16s_C3P3R
+                                                             : vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R;
+        CoefficientImage& img = *img_;
+        Component& y = img.components[0];
+        const int mw = 8 * y.h, mh = 8 * y.v, w = image_->width, h = image_->height;
+        const uint8_t* pixels = image_->pixels.data();
+        alignas(32) Vek16s luma[4 * 64], cb[64], cr[64];
+        Vek16s* const blocks[3] = {luma, cb, cr};
+        uint8_t pad[16 * 16 * 3];
+        for (int my = from; my < std::min(to, img.mcusHigh); ++my)
+            for (int mx = 0; mx < img.mcusWide; ++mx) {
+                const int x0 = mx * mw, y0 = my * mh;
+                if (x0 + mw <= w && y0 + mh <= h) {
+                    toBlocks(pixels + (size_t(y0) * size_t(w) + size_t(x0)) * 3, w * 3, blocks);
+                } else {
+                    padWindow(pixels, w, h, 3, x0, y0, mw, mh, pad);
+                    toBlocks(pad, mw * 3, blocks);
+                }
+                for (int i = 0; i < y.h * y.v; ++i) {
+                    const int bx = mx * y.h + i % y.h, by = my * y.v + i / y.h;
+                    if (bx < y.usedWide && by < y.usedHigh)
+                        vekiDCTQuantFwd8x8_JPEG_16s_C1(luma + 64 * i, y.block(bx, by), forward_[0]);
+                    else
+                        dummyBlock(y, bx, by, mx * y.h);
+                }
+                vekiDCTQuantFwd8x8_JPEG_16s_C1(cb, img.components[1].block(mx, my), forward_[1]);
+                vekiDCTQuantFwd8x8_JPEG_16s_C1(cr, img.components[2].block(mx, my), forward_[1]);
+            }
+    }
+
+    const Image* image_ = nullptr;
+    CoefficientImage* img_ = nullptr;
+    Sampling sampling_ = Sampling::S420;
+    Vek16u forward_[2][64] = {};
+    std::vector<uint8_t> luma_;
+};
 
 // ---- decoding ---------------------------------------------------------------------
 
@@ -280,39 +337,9 @@ private:
 }  // namespace
 
 std::string pixelsToCoefficients(const Image& image, const EncodeOptions& options, CoefficientImage& img) {
-    resetKeepingMemory(img);
-    if (image.width < 1 || image.height < 1 || image.width > 65535 || image.height > 65535)
-        return "image size " + std::to_string(image.width) + "x" + std::to_string(image.height) +
-               " out of JPEG's range 1..65535";
-    if (image.channels != 1 && image.channels != 3) return "only grey and RGB images can be encoded";
-    if (image.pixels.size() != size_t(image.width) * size_t(image.height) * size_t(image.channels))
-        return "pixel data of the wrong size";
-    if (options.quality < 1 || options.quality > 100) return "quality out of range 1..100";
-    const bool grey = image.channels == 1 || options.sampling == Sampling::Grey;
-    img.width = image.width;
-    img.height = image.height;
-    img.progressive = options.progressive;
-    img.restartInterval = options.restartInterval;
-    if (grey) {
-        img.components.resize(1);
-        img.components[0].id = 1;
-        img.components[0].quantTable = 0;
-    } else {
-        img.components.resize(3);
-        for (int i = 0; i < 3; ++i) {
-            img.components[size_t(i)].id = i + 1;
-            img.components[size_t(i)].quantTable = i ? 1 : 0;
-        }
-        img.components[0].h = options.sampling == Sampling::S444 ? 1 : 2;
-        img.components[0].v = options.sampling == Sampling::S420 ? 2 : 1;
-    }
-    if (std::string e = layOut(img, size_t(1) << 31); !e.empty()) return e;
-    Vek16u forward[2][64];
-    scaledTables(options.quality, forward, img.quant);
-    if (grey)
-        encodeGrey(image, forward[0], img);
-    else
-        encodeColour(image, options.sampling, forward, img);
+    BlockMaker maker;
+    if (std::string e = maker.start(image, options, img); !e.empty()) return e;
+    maker.rows(0, img.mcusHigh);
     return "";
 }
 
@@ -320,8 +347,15 @@ std::string encodeJpeg(const Image& image, const EncodeOptions& options, std::ve
                        CoefficientImage* work) {
     CoefficientImage own;
     CoefficientImage& img = work ? *work : own;
-    if (std::string e = pixelsToCoefficients(image, options, img); !e.empty()) return e;
-    return writeJpeg(img, {options.optimize, options.progressive, options.restartInterval}, out);
+    BlockMaker maker;
+    if (std::string e = maker.start(image, options, img); !e.empty()) return e;
+    const WriteOptions write{options.optimize, options.progressive, options.restartInterval};
+    if (options.optimize || options.progressive) {  // every coefficient is needed before the first scan
+        maker.rows(0, img.mcusHigh);
+        return writeJpeg(img, write, out);
+    }
+    // Each MCU row made just before it is coded, while its blocks are in the cache.
+    return writeJpeg(img, write, out, [&maker](int mcuRow) { maker.rows(mcuRow, mcuRow + 1); });
 }
 
 std::string coefficientsToPixels(const CoefficientImage& img, int denominator, Image& image, DecodeWork* work) {
