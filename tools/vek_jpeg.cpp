@@ -58,19 +58,20 @@ bool readFile(const std::string& path, std::vector<uint8_t>& data, std::string& 
 // The whole output under OUT.part, then renamed to OUT.
 bool writeFile(const std::string& path, const std::vector<uint8_t>& header, const std::vector<uint8_t>& body,
                std::string& error) {
-    const std::string part = path + ".part";
-    FILE* f = fopen(part.c_str(), "wb");
+    const std::string partPath = path + ".part";
+    FILE* f = fopen(partPath.c_str(), "wb");
     if (!f) {
         error = strerror(errno);
         return false;
     }
-    bool ok = fwrite(header.data(), 1, header.size(), f) == header.size();
-    ok = fwrite(body.data(), 1, body.size(), f) == body.size() && ok;
+    bool ok = true;
+    for (const std::vector<uint8_t>* part : {&header, &body})
+        if (!part->empty()) ok = fwrite(part->data(), 1, part->size(), f) == part->size() && ok;
     ok = fclose(f) == 0 && ok;
     remove(path.c_str());  // rename does not replace on every system
-    if (!ok || rename(part.c_str(), path.c_str()) != 0) {
+    if (!ok || rename(partPath.c_str(), path.c_str()) != 0) {
         error = ok ? "cannot rename the finished output" : "write error";
-        remove(part.c_str());
+        remove(partPath.c_str());
         return false;
     }
     return true;
