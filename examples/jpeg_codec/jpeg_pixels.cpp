@@ -2,12 +2,13 @@
 // the image MCU by MCU: the per-MCU function converts, averages the chroma
 // and level-shifts straight from the image (from a small padded copy at the
 // right and bottom edges), and each block goes through the forward DCT
-// with quantisation into the coefficient image.  The decoder puts every
-// component through the inverse DCT into a plane at its decoded size and
-// converts each band of output rows as soon as the planes hold what it
-// needs: chroma upsampled into band buffers, the band converted to RGB.
-// For a baseline file this runs MCU row by MCU row while the scan is
-// decoded, on coefficients still in the cache.
+// with quantisation into the coefficient image; with the typical Huffman
+// tables each MCU row is made just before the entropy coder takes it.
+// The decoder puts every component through the inverse DCT into a plane at
+// its decoded size and converts each band of output rows as soon as the
+// planes hold what it needs: chroma upsampled into band buffers, the band
+// converted to RGB.  For a baseline file this runs MCU row by MCU row
+// while the scan is decoded, on coefficients still in the cache.
 #include "examples/jpeg_codec/jpeg_pixels.h"
 
 #include <string.h>
