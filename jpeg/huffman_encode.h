@@ -34,7 +34,17 @@ constexpr int kStageBytes = 1024;
 constexpr int kMaxSymbolsPerCall = 160;
 
 inline unsigned magnitude(int v) { return v < 0 ? 0u - static_cast<unsigned>(v) : static_cast<unsigned>(v); }
-inline int lowestBit(Vek64u mask) { return __builtin_ctzll(mask); }
+// The lowest set bit of a non-zero mask.  32-bit targets take it in two
+// halves: MinGW's 64-bit helper (__ctzdi2) is written with tzcnt, an
+// instruction beyond level 0.
+inline int lowestBit(Vek64u mask) {
+#if defined(__x86_64__)
+    return __builtin_ctzll(mask);
+#else
+    const Vek32u low = static_cast<Vek32u>(mask);
+    return low ? __builtin_ctz(low) : 32 + __builtin_ctz(static_cast<Vek32u>(mask >> 32));
+#endif
+}
 // Bits first..last (0 <= first <= last <= 63) set.
 inline Vek64u bandBits(int first, int last) {
     return (last == 63 ? ~Vek64u(0) : (Vek64u(1) << (last + 1)) - 1) & ~((Vek64u(1) << first) - 1);
