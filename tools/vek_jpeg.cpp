@@ -109,6 +109,18 @@ std::string parsePnm(const std::vector<uint8_t>& d, vekjpeg::Image& image) {
     return "";
 }
 
+// An option's whole-number value within low..high, or a message.
+bool number(const std::string& text, long low, long high, const char* what, int& value) {
+    char* end = nullptr;
+    const long n = strtol(text.c_str(), &end, 10);
+    if (text.empty() || *end || n < low || n > high) {
+        fprintf(stderr, "vek jpeg: %s must be %ld..%ld\n", what, low, high);
+        return false;
+    }
+    value = int(n);
+    return true;
+}
+
 int encode(const std::vector<std::string>& args) {
     vekjpeg::EncodeOptions options;
     std::vector<std::string> files;
@@ -120,21 +132,9 @@ int encode(const std::vector<std::string>& args) {
         } else if (a == "--progressive") {
             options.progressive = true;
         } else if (a == "-q" && hasValue) {
-            char* end = nullptr;
-            const long q = strtol(args[++i].c_str(), &end, 10);
-            if (*end || q < 1 || q > 100) {
-                fprintf(stderr, "vek jpeg: quality must be 1..100\n");
-                return 2;
-            }
-            options.quality = int(q);
+            if (!number(args[++i], 1, 100, "quality", options.quality)) return 2;
         } else if (a == "--restart" && hasValue) {
-            char* end = nullptr;
-            const long n = strtol(args[++i].c_str(), &end, 10);
-            if (*end || n < 0 || n > 65535) {
-                fprintf(stderr, "vek jpeg: the restart interval must be 0..65535 MCUs\n");
-                return 2;
-            }
-            options.restartInterval = int(n);
+            if (!number(args[++i], 0, 65535, "the restart interval (MCUs)", options.restartInterval)) return 2;
         } else if (a == "-s" && hasValue) {
             const std::string& s = args[++i];
             if (s == "444")
