@@ -67,7 +67,11 @@ typedef int VekStatus;
 enum {
     StatusModeNotSupported  = -9999,
     StatusCpuNotSupported   = -9998,
+    StatusIllegalCode       = -191, /* a bit stream holds no code of its table there */
     StatusDataUnderRun      = -124,
+    StatusJpegHuffmanTable  = -64,  /* a Huffman table invalid, or without a code it needs */
+    StatusJpegCoefficientRange = -63, /* a coefficient or run a JPEG code cannot carry */
+    StatusOutOfBuffer       = -62,  /* a position outside its buffer, or output that does not fit */
     StatusChannelOrder      = -60,  /* a channel order outside 0..2 */
     StatusShift             = -32,
     StatusResizeFactor      = -23,
@@ -106,6 +110,15 @@ typedef struct { int x; int y; } VekiPoint;
  * size, veksEncodeLZ77Init_8u prepares it (or veksEncodeLZ77InitAlloc_8u
  * allocates and prepares one). */
 typedef struct VekDeflateState VekDeflateState;
+
+/* ---- The JPEG Huffman coder's tables and states ----------------------------
+ * Opaque blocks owned by the caller, like the deflate state: a GetSize
+ * function gives the size, an Init function prepares the memory (any
+ * 8-byte aligned block of that size). */
+typedef struct VekEncodeHuffmanSpec VekEncodeHuffmanSpec;
+typedef struct VekDecodeHuffmanSpec VekDecodeHuffmanSpec;
+typedef struct VekEncodeHuffmanState VekEncodeHuffmanState;
+typedef struct VekDecodeHuffmanState VekDecodeHuffmanState;
 
 /* ---- Version record ----------------------------------------------------
  * One constant record per domain and code-path level; the version queries
@@ -1266,8 +1279,198 @@ VEK_API VekStatus VEK_CALL vekiJoin422LS_MCU_16s8u_P3C2R(const Vek16s* const pSr
 /* ======================================================================
  * JPEG: Huffman coding
  * Baseline and progressive Huffman coding of 8x8 blocks.
- * ====================================================================== */
-/* (the family's functions go here) */
+ * ======================================================================
+ * The entropy coding of T.81 (8-bit sequential and progressive DCT, Annexes
+ * C, F.1.2, F.2.2 and G), one 8x8 block per call.  A block is 64 Vek16s
+ * coefficients in natural (row-major) order, element 0 the DC coefficient,
+ * as the DCT functions produce and take them; the coders reorder to
+ * zig-zag themselves.
+ *
+ * Tables.  A table is given as a DHT segment holds it: pListBits, 16 counts
+ * BITS[1..16] (the number of codes of each length 1..16), and pListVals,
+ * HUFFVAL, the symbols in order of increasing code length (as many as the
+ * counts add up to).  Codes are assigned canonically (T.81 C.2).  A table
+ * whose counts add up to more than 256, or whose codes of some length do
+ * not fit in that many bits without an all-ones code, is rejected with
+ * StatusJpegHuffmanTable; so is an encoder table that lists a symbol twice.
+ * The decoder's table resolves codes of up to 11 bits in one look-up, and
+ * run/size codes together with their value bits where both fit in 11.
+ *
+ * Streams.  The encoders write the bytes of an entropy-coded segment, a
+ * 0x00 stuffed after every 0xFF; the decoders read them.  The caller owns
+ * the buffer and the position in it (*pDstCurrPos, *pSrcCurrPos: the next
+ * byte to write or read), and a state that carries the bits between calls:
+ * the writer's pending bits (fewer than 32), the reader's look-ahead (up to
+ * 64 bits), and in progressive AC scans the end-of-band run (and, for
+ * successive approximation encoding, up to 1000 correction bits that belong
+ * to it).  One state serves one scan of one stream; Init makes it empty.
+ *   Encoding: the last call of a scan, or the call before a restart
+ *   marker, has bFlushState non-zero: it codes no block (pSrc and pLastDC
+ *   are not read and may be null), sends a pending end-of-band run, pads the
+ *   last byte with 1 bits and leaves the state empty.  The caller then
+ *   writes the marker itself.
+ *   Decoding: the reader stops at a marker (0xFF followed by anything but
+ *   0x00; fill bytes 0xFF before it are skipped), does not consume it, sets
+ *   *pMarker to the marker's code byte (0xD0..0xD7 for RSTn, 0xD9 for EOI,
+ *   ...) and otherwise leaves *pMarker as it was.  At a restart marker the
+ *   caller skips the two marker bytes, calls DecodeHuffmanStateInit (the
+ *   bits left before the marker are padding) and resets its DC predictors.
+ *   The reader takes whole bytes ahead, up to eight, so after the last
+ *   block of an interval *pSrcCurrPos rests on the marker.
+ * DC predictors: *pLastDC is the previous block's DC value of the same
+ * component (0 at the start of a scan and after a restart); the baseline
+ * encoder codes pSrc[0] - *pLastDC and the decoder adds the difference,
+ * wrapping to 16 bits.  In a DC first scan the predictor holds values after
+ * the point transform (pSrc[0] >> Al, arithmetic shift).
+ *
+ * Failure leaves everything as it was: a call that returns an error has
+ * written nothing, not the output, not the block, not the position, not the
+ * state, not the predictor.  An encoder stages its bytes and copies them
+ * only when the whole call fits; a decoder decodes into a copy of the block
+ * and commits it only when the block came from bits the input holds.  So
+ * the decoders never read past srcLenBytes nor write past the 64
+ * coefficients, whatever the input.
+ *
+ * Checks, in order (the first failing returns):
+ *   a required pointer null -> StatusNullPointer;
+ *   dstLenBytes or srcLenBytes < 1 -> StatusSize;
+ *   the position outside 0..length -> StatusOutOfBuffer;
+ *   Al outside 0..13, or for AC scans not 1 <= Ss <= Se <= 63 ->
+ *     StatusBadArgument.
+ * Then, while coding:
+ *   a DC difference of more than 11 bits (|d| > 2047) or an AC value of
+ *   more than 10 bits after the point transform (|v| > 1023) ->
+ *   StatusJpegCoefficientRange (the 8-bit limits; the counters check them
+ *   too, so a counted block also encodes);
+ *   a symbol the encoder table has no code for -> StatusJpegHuffmanTable;
+ *   the output of the call does not fit in dstLenBytes - *pDstCurrPos ->
+ *   StatusOutOfBuffer (at most 1024 bytes per call; a block takes 8 bytes
+ *   or so at usual qualities);
+ *   decoding: no code of the table at this point of the stream (also a
+ *   refinement code whose size is not 1) -> StatusIllegalCode; a size
+ *   category above 15, or a run past the end of the band ->
+ *   StatusJpegCoefficientRange; the block needs bits the input does not
+ *   hold before a marker or its end -> StatusDataUnderRun (with more
+ *   input the same call succeeds: a stream may arrive in pieces).
+ * The decoders accept every size category up to 15, as a 16-bit
+ * coefficient can take; decoded values wrap to 16 bits. */
+VEK_API VekStatus VEK_CALL vekiEncodeHuffmanSpecGetSize_JPEG_8u(int* pSize);
+VEK_API VekStatus VEK_CALL vekiEncodeHuffmanSpecInit_JPEG_8u(const Vek8u* pListBits, const Vek8u* pListVals,
+                                                             VekEncodeHuffmanSpec* pEncHuffSpec);
+VEK_API VekStatus VEK_CALL vekiDecodeHuffmanSpecGetSize_JPEG_8u(int* pSize);
+VEK_API VekStatus VEK_CALL vekiDecodeHuffmanSpecInit_JPEG_8u(const Vek8u* pListBits, const Vek8u* pListVals,
+                                                             VekDecodeHuffmanSpec* pDecHuffSpec);
+VEK_API VekStatus VEK_CALL vekiEncodeHuffmanStateGetSize_JPEG_8u(int* pSize);
+VEK_API VekStatus VEK_CALL vekiEncodeHuffmanStateInit_JPEG_8u(VekEncodeHuffmanState* pEncHuffState);
+VEK_API VekStatus VEK_CALL vekiDecodeHuffmanStateGetSize_JPEG_8u(int* pSize);
+VEK_API VekStatus VEK_CALL vekiDecodeHuffmanStateInit_JPEG_8u(VekDecodeHuffmanState* pDecHuffState);
+/* The Init functions: a null pointer -> StatusNullPointer; a block not
+ * aligned for the structure (8 bytes suffice) -> StatusBadArgument; a table
+ * as above -> StatusJpegHuffmanTable. */
+
+/* Optimal table from symbol counts (T.81 K.2): code lengths by joining the
+ * two least frequent entries again and again (ties: the larger symbol),
+ * with a reserved symbol of count 1 so that no code is all ones, lengths
+ * limited to 16 by K.3, the reserved code removed; symbols listed by code
+ * length, then by value.  Writes the 16 counts to pListBits and 256 bytes
+ * to pListVals (the symbols, then zeros).  Symbols of count 0 get no code;
+ * all counts 0 give an empty table.  A negative count -> StatusBadArgument. */
+VEK_API VekStatus VEK_CALL vekiEncodeHuffmanRawTableInit_JPEG_8u(const int pStatistics[256], Vek8u* pListBits,
+                                                                 Vek8u* pListVals);
+
+/* Baseline: the DC difference (size category from the DC table, then its
+ * bits), then the AC coefficients in zig-zag order as run/size symbols
+ * (0xF0 for sixteen zeros, 0x00 for the end of the block when coefficient
+ * 63 is zero).  Updates *pLastDC to pSrc[0]. */
+VEK_API VekStatus VEK_CALL vekiEncodeHuffman8x8_JPEG_16s1u_C1(const Vek16s* pSrc, Vek8u* pDst, int dstLenBytes,
+                                                              int* pDstCurrPos, Vek16s* pLastDC,
+                                                              const VekEncodeHuffmanSpec* pDcTable,
+                                                              const VekEncodeHuffmanSpec* pAcTable,
+                                                              VekEncodeHuffmanState* pEncHuffState, int bFlushState);
+/* Progressive scans (T.81 G.1.2), point transform Al:
+ *   DCFirst: the difference of pSrc[0] >> Al from *pLastDC, coded as the
+ *     baseline DC; *pLastDC = pSrc[0] >> Al.
+ *   DCRefine: one bit, bit Al of pSrc[0]; no table.
+ *   ACFirst: the band Ss..Se (zig-zag positions) of the values after the
+ *     point transform (magnitude >> Al, sign kept); blocks with nothing
+ *     left in the band join an end-of-band run (symbol 16*n, n extra bits;
+ *     sent before the next coded value, at 32767 blocks, or on flush).
+ *   ACRefine: bit Al of the band: coefficients that become nonzero are
+ *     coded as run/1 with their sign bit; those nonzero before send their
+ *     bit as a correction bit after the next code, or with the end-of-band
+ *     run (sent also when its held correction bits pass 937). */
+VEK_API VekStatus VEK_CALL vekiEncodeHuffman8x8_DCFirst_JPEG_16s1u_C1(const Vek16s* pSrc, Vek8u* pDst, int dstLenBytes,
+                                                                      int* pDstCurrPos, Vek16s* pLastDC, int Al,
+                                                                      const VekEncodeHuffmanSpec* pDcTable,
+                                                                      VekEncodeHuffmanState* pEncHuffState,
+                                                                      int bFlushState);
+VEK_API VekStatus VEK_CALL vekiEncodeHuffman8x8_DCRefine_JPEG_16s1u_C1(const Vek16s* pSrc, Vek8u* pDst, int dstLenBytes,
+                                                                       int* pDstCurrPos, int Al,
+                                                                       VekEncodeHuffmanState* pEncHuffState,
+                                                                       int bFlushState);
+VEK_API VekStatus VEK_CALL vekiEncodeHuffman8x8_ACFirst_JPEG_16s1u_C1(const Vek16s* pSrc, Vek8u* pDst, int dstLenBytes,
+                                                                      int* pDstCurrPos, int Ss, int Se, int Al,
+                                                                      const VekEncodeHuffmanSpec* pAcTable,
+                                                                      VekEncodeHuffmanState* pEncHuffState,
+                                                                      int bFlushState);
+VEK_API VekStatus VEK_CALL vekiEncodeHuffman8x8_ACRefine_JPEG_16s1u_C1(const Vek16s* pSrc, Vek8u* pDst, int dstLenBytes,
+                                                                       int* pDstCurrPos, int Ss, int Se, int Al,
+                                                                       const VekEncodeHuffmanSpec* pAcTable,
+                                                                       VekEncodeHuffmanState* pEncHuffState,
+                                                                       int bFlushState);
+
+/* Symbol counts for optimal tables: each adds 1 to the count of every
+ * symbol the matching encoder would code for the block (the same rules,
+ * the same checks, no table and no output), so the tables built from the
+ * counts code every block counted.  The AC counters keep the end-of-band
+ * run in pEncHuffState like the encoders (a separate state from the
+ * encoding's); a flush call counts the pending run. */
+VEK_API VekStatus VEK_CALL vekiGetHuffmanStatistics8x8_JPEG_16s_C1(const Vek16s* pSrc, int pDcStatistics[256],
+                                                                   int pAcStatistics[256], Vek16s* pLastDC);
+VEK_API VekStatus VEK_CALL vekiGetHuffmanStatistics8x8_DCFirst_JPEG_16s_C1(const Vek16s* pSrc, int pDcStatistics[256],
+                                                                           Vek16s* pLastDC, int Al);
+VEK_API VekStatus VEK_CALL vekiGetHuffmanStatistics8x8_ACFirst_JPEG_16s_C1(const Vek16s* pSrc, int pAcStatistics[256],
+                                                                           int Ss, int Se, int Al,
+                                                                           VekEncodeHuffmanState* pEncHuffState,
+                                                                           int bFlushState);
+VEK_API VekStatus VEK_CALL vekiGetHuffmanStatistics8x8_ACRefine_JPEG_16s_C1(const Vek16s* pSrc, int pAcStatistics[256],
+                                                                            int Ss, int Se, int Al,
+                                                                            VekEncodeHuffmanState* pEncHuffState,
+                                                                            int bFlushState);
+
+/* Decoding.  Baseline writes all 64 coefficients (those not coded 0) and
+ * sets *pLastDC to the block's DC value.  DCFirst sets pDst[0] = DC << Al
+ * (the predictor holds the value before the shift); DCRefine sets bit Al
+ * of pDst[0] when the stream's bit is 1; ACFirst writes the coded
+ * coefficients of the band (value << Al) and leaves the others as they are
+ * (zero, in a stream decoded from cleared blocks), or, inside an
+ * end-of-band run, nothing at all; ACRefine adds the band's bit Al:
+ * +-2^Al to coefficients that become nonzero, and a correction bit adds
+ * 2^Al away from zero to those already nonzero unless they have that bit.
+ * pMarker: see Streams above. */
+VEK_API VekStatus VEK_CALL vekiDecodeHuffman8x8_JPEG_1u16s_C1(const Vek8u* pSrc, int srcLenBytes, int* pSrcCurrPos,
+                                                              Vek16s* pDst, Vek16s* pLastDC, int* pMarker,
+                                                              const VekDecodeHuffmanSpec* pDcTable,
+                                                              const VekDecodeHuffmanSpec* pAcTable,
+                                                              VekDecodeHuffmanState* pDecHuffState);
+VEK_API VekStatus VEK_CALL vekiDecodeHuffman8x8_DCFirst_JPEG_1u16s_C1(const Vek8u* pSrc, int srcLenBytes,
+                                                                      int* pSrcCurrPos, Vek16s* pDst, Vek16s* pLastDC,
+                                                                      int* pMarker, int Al,
+                                                                      const VekDecodeHuffmanSpec* pDcTable,
+                                                                      VekDecodeHuffmanState* pDecHuffState);
+VEK_API VekStatus VEK_CALL vekiDecodeHuffman8x8_DCRefine_JPEG_1u16s_C1(const Vek8u* pSrc, int srcLenBytes,
+                                                                       int* pSrcCurrPos, Vek16s* pDst, int* pMarker,
+                                                                       int Al, VekDecodeHuffmanState* pDecHuffState);
+VEK_API VekStatus VEK_CALL vekiDecodeHuffman8x8_ACFirst_JPEG_1u16s_C1(const Vek8u* pSrc, int srcLenBytes,
+                                                                      int* pSrcCurrPos, Vek16s* pDst, int* pMarker,
+                                                                      int Ss, int Se, int Al,
+                                                                      const VekDecodeHuffmanSpec* pAcTable,
+                                                                      VekDecodeHuffmanState* pDecHuffState);
+VEK_API VekStatus VEK_CALL vekiDecodeHuffman8x8_ACRefine_JPEG_1u16s_C1(const Vek8u* pSrc, int srcLenBytes,
+                                                                       int* pSrcCurrPos, Vek16s* pDst, int* pMarker,
+                                                                       int Ss, int Se, int Al,
+                                                                       const VekDecodeHuffmanSpec* pAcTable,
+                                                                       VekDecodeHuffmanState* pDecHuffState);
 
 /* ======================================================================
  * JPEG 2000: wavelet transforms

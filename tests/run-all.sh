@@ -54,8 +54,10 @@ step "sanitizer tests" env ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stack
 # ---- fuzzing: the whole deflate encoder against zlib, briefly ---------------
 if command -v clang++ >/dev/null && echo 'int main(){}' | clang++ -fsanitize=fuzzer-no-link -x c++ -o /dev/null - 2>/dev/null; then
   step "deflate fuzzing (30 s)" bash tests/fuzz/build-and-run.sh 30 -print_final_stats=0
+  step "JPEG decoder fuzzing (30 s)" env FUZZ_TARGET=fuzz_jpeg bash tests/fuzz/build-and-run.sh 30 -print_final_stats=0
 else
   skip "deflate fuzzing" "needs clang and libFuzzer (Debian's clang, libclang-rt-dev)"
+  skip "JPEG decoder fuzzing" "needs clang and libFuzzer (Debian's clang, libclang-rt-dev)"
 fi
 
 # ---- i686 Linux -----------------------------------------------------------------

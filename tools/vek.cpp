@@ -6,6 +6,8 @@
 //   vek exports           the implementation serving each level of each export
 //   vek gzip, vek zlib    files and pipes compressed by the deflate encoder,
 //                         with gzip's options (vek_compress.cpp)
+//   vek jpeg encode|decode
+//                         PPM/PGM to JPEG and back (vek_jpeg.cpp)
 //   vek motion            motion search and compensation over two synthetic
 //                         frames (vek_motion.cpp)
 // A command is one line in kCommands.
@@ -20,6 +22,7 @@
 #include "core/cpu.h"
 #include "core/dispatch.h"
 #include "tools/vek_compress.h"
+#include "tools/vek_jpeg.h"
 #include "tools/vek_motion.h"
 #include "vek.h"
 
@@ -138,6 +141,7 @@ const Command kCommands[] = {
     {"exports", exports, "the implementation serving each level of every export"},
     {"gzip", gzipCommand, VEK_GZIP_SUMMARY},
     {"zlib", zlibCommand, VEK_ZLIB_SUMMARY},
+    {"jpeg", jpegCommand, VEK_JPEG_SUMMARY},
     {"motion", motionCommand, VEK_MOTION_SUMMARY},
 };
 

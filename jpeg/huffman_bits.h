@@ -1,0 +1,189 @@
+// Bit packing of the JPEG Huffman coders, written once for every level.
+//
+// BitWriter puts codes most significant bit first into a 64-bit buffer and
+// writes whole 32-bit words as bytes, with a 0x00 after every 0xFF byte
+// (byte stuffing).  It writes into a staging buffer: the caller copies the
+// bytes out only when the whole call has succeeded, so a failing call
+// writes nothing.
+//
+// BitReader keeps up to 64 bits of the stream left-aligned, refilled eight
+// bytes at a time where no 0xFF is among them, byte by byte otherwise: a
+// stuffed 0xFF 0x00 gives 0xFF, fill bytes 0xFF before a marker are
+// skipped, and a marker or the end of the input stops the reader without
+// consuming it.  Past that point the reader gives zero bits and `count`
+// goes negative: a call that ends with count < 0 used bits the input did
+// not have.
+//
+// Included inside a level's namespace; internal linkage.
+#ifndef VEK_JPEG_HUFFMAN_BITS_H
+#define VEK_JPEG_HUFFMAN_BITS_H
+
+namespace {
+
+using vek::jpeg::DecodeSpec;
+using vek::jpeg::EncodeSpec;
+
+// Number of bits of a magnitude (0 for 0): the JPEG size category.
+inline int bitLength(unsigned magnitude) { return magnitude ? 32 - __builtin_clz(magnitude) : 0; }
+
+// Bytes of a 32-bit word that equal 0xFF.
+inline bool hasFFByte32(Vek32u w) {
+    const Vek32u t = ~w;
+    return ((t - 0x01010101u) & ~t & 0x80808080u) != 0;
+}
+inline bool hasFFByte64(Vek64u w) {
+    const Vek64u t = ~w;
+    return ((t - 0x0101010101010101ull) & ~t & 0x8080808080808080ull) != 0;
+}
+
+class BitWriter {
+public:
+    BitWriter(Vek64u bits, int count, Vek8u* out) : bits_(bits), count_(count), out_(out) {}
+
+    // Appends the `length` low bits of `value` (length 0..32, count < 32).
+    void put(Vek32u value, int length) {
+        bits_ = (bits_ << length) | value;
+        count_ += length;
+        if (count_ >= 32) {
+            count_ -= 32;
+            writeWord(static_cast<Vek32u>(bits_ >> count_));
+        }
+    }
+
+    // Pads with 1 bits to a byte boundary and writes every pending byte.
+    void flush() {
+        const int pad = (8 - (count_ & 7)) & 7;
+        put((1u << pad) - 1, pad);
+        while (count_ >= 8) {
+            count_ -= 8;
+            writeByte(static_cast<Vek8u>(bits_ >> count_));
+        }
+        bits_ = 0;
+    }
+
+    Vek8u* out() const { return out_; }
+    int count() const { return count_; }
+    Vek64u pendingBits() const { return count_ ? bits_ & ((Vek64u(1) << count_) - 1) : 0; }
+
+private:
+    void writeByte(Vek8u b) {
+        *out_++ = b;
+        if (b == 0xFF) *out_++ = 0;
+    }
+    void writeWord(Vek32u w) {
+        if (!hasFFByte32(w)) {
+            out_[0] = static_cast<Vek8u>(w >> 24);
+            out_[1] = static_cast<Vek8u>(w >> 16);
+            out_[2] = static_cast<Vek8u>(w >> 8);
+            out_[3] = static_cast<Vek8u>(w);
+            out_ += 4;
+        } else {
+            for (int shift = 24; shift >= 0; shift -= 8) writeByte(static_cast<Vek8u>(w >> shift));
+        }
+    }
+
+    Vek64u bits_;
+    int count_;
+    Vek8u* out_;
+};
+
+class BitReader {
+public:
+    BitReader(Vek64u bits, int count, const Vek8u* src, int pos, int len)
+        : bits_(bits), count_(count), src_(src), pos_(pos), len_(len) {}
+
+    // Brings the buffer above 56 bits, as far as the input goes.
+    void refill() {
+        while (count_ <= 56 && !stopped_) {
+            if (pos_ + 8 <= len_) {
+                Vek64u w = 0;
+                for (int i = 0; i < 8; ++i) w = (w << 8) | src_[pos_ + i];
+                if (!hasFFByte64(w)) {
+                    const int n = (64 - count_) >> 3;  // whole bytes that fit
+                    const Vek64u top = n == 8 ? w : w & ~(~Vek64u(0) >> (8 * n));
+                    bits_ |= top >> count_;
+                    count_ += 8 * n;
+                    pos_ += n;
+                    continue;
+                }
+            }
+            refillByte();
+        }
+    }
+
+    // The next `n` bits (1..16) without consuming them.
+    unsigned peek(int n) const { return static_cast<unsigned>(bits_ >> (64 - n)); }
+    void skip(int n) {
+        bits_ <<= n;
+        count_ -= n;
+    }
+    // The next `n` bits (0..16), consumed.
+    unsigned take(int n) {
+        if (n == 0) return 0;
+        const unsigned v = peek(n);
+        skip(n);
+        return v;
+    }
+
+    // The next Huffman symbol, or -1 when the stream holds no code of the
+    // table there.  Needs 16 bits in the buffer (or a stopped reader).
+    int symbol(const DecodeSpec& t) {
+        const unsigned entry = t.fast[peek(vek::jpeg::kLookaheadBits)];
+        if (entry) {
+            skip(static_cast<int>(entry >> 8));
+            return static_cast<int>(entry & 0xFF);
+        }
+        const Vek32u window = peek(16);
+        int l = vek::jpeg::kLookaheadBits + 1;
+        while (window >= t.limit[l]) ++l;
+        if (l > vek::jpeg::kMaxCodeLength) return -1;
+        skip(l);
+        return t.values[static_cast<int>(window >> (16 - l)) + t.offset[l]];
+    }
+
+    // The signed value of `size` bits (T.81 F.12 EXTEND), consumed.
+    int value(int size) {
+        if (size == 0) return 0;
+        const int v = static_cast<int>(take(size));
+        return v < (1 << (size - 1)) ? v - (1 << size) + 1 : v;
+    }
+
+    bool underrun() const { return count_ < 0; }
+    int marker() const { return marker_; }
+    Vek64u bits() const { return bits_; }
+    int count() const { return count_; }
+    int position() const { return pos_; }
+
+private:
+    void refillByte() {
+        if (pos_ >= len_) {
+            stopped_ = true;
+            return;
+        }
+        Vek8u b = src_[pos_];
+        int next = pos_ + 1;
+        if (b == 0xFF) {
+            while (next < len_ && src_[next] == 0xFF) ++next;  // fill bytes
+            if (next >= len_ || src_[next] != 0) {
+                if (next < len_) marker_ = src_[next];
+                stopped_ = true;
+                return;
+            }
+            ++next;  // the stuffed zero
+        }
+        bits_ |= Vek64u(b) << (56 - count_);
+        count_ += 8;
+        pos_ = next;
+    }
+
+    Vek64u bits_;
+    int count_;
+    const Vek8u* src_;
+    int pos_, len_;
+    bool stopped_ = false;
+    int marker_ = 0;
+};
+
+}  // namespace
+
+#endif
