@@ -63,7 +63,18 @@ inline void adlerChunks(const Vek8u* p, size_t chunks, uint32_t& a, uint32_t& b)
     const __m512i ones = _mm512_set1_epi16(1);
     __m512i sumA = zero, sumAPrior = zero, weighted = zero;
     b += static_cast<uint32_t>(chunks * kAdlerChunk) * a;
-    for (; chunks; --chunks, p += kAdlerChunk) {
+    // Two chunks a step: the A before the second is the A before the first
+    // plus the first chunk's bytes.
+    for (; chunks >= 2; chunks -= 2, p += 2 * kAdlerChunk) {
+        const __m512i v0 = load512i(p), v1 = load512i(p + kAdlerChunk);
+        const __m512i sum0 = _mm512_sad_epu8(v0, zero);
+        sumAPrior = _mm512_add_epi32(sumAPrior, _mm512_add_epi32(_mm512_add_epi32(sumA, sumA), sum0));
+        sumA = _mm512_add_epi32(sumA, _mm512_add_epi32(sum0, _mm512_sad_epu8(v1, zero)));
+        weighted =
+            _mm512_add_epi32(weighted, _mm512_add_epi32(_mm512_madd_epi16(_mm512_maddubs_epi16(v0, weights), ones),
+                                                        _mm512_madd_epi16(_mm512_maddubs_epi16(v1, weights), ones)));
+    }
+    if (chunks) {
         const __m512i v = load512i(p);
         sumAPrior = _mm512_add_epi32(sumAPrior, sumA);
         sumA = _mm512_add_epi32(sumA, _mm512_sad_epu8(v, zero));
@@ -147,6 +158,18 @@ inline void adlerChunks(const Vek8u* p, size_t chunks, uint32_t& a, uint32_t& b)
 // The Adler-32 value after the bytes p[0..len), from `value` (B << 16 | A).
 inline uint32_t adlerUpdate(uint32_t value, const Vek8u* p, size_t len) {
     uint32_t a = value & 0xFFFF, b = value >> 16;
+#ifdef __AVX512BW__
+    // A 64-byte load that straddles two cache lines costs more than the
+    // bytes up to a line boundary taken one at a time.
+    if (len >= 4 * kAdlerChunk) {
+        for (size_t head = (0 - reinterpret_cast<uintptr_t>(p)) & (kAdlerChunk - 1); head; --head, --len) {
+            a += *p++;
+            b += a;
+        }
+        a %= kAdlerBase;
+        b %= kAdlerBase;
+    }
+#endif
     while (len) {
         size_t block = len < kAdlerBlock ? len : kAdlerBlock;
         len -= block;
