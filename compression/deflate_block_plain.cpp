@@ -92,6 +92,15 @@ bool pairsValid(const Vek16u* pairs, int count) {
     }
     return bad == 0;
 }
+// How many of `left` pairs a call with `room` output bytes can put in at
+// most: it takes at most 8 * room + 63 bits beside those waiting, and a
+// pair at least the block's shortest code.  A call that resumes a block
+// checks only these, so its work follows what it writes.
+int reachablePairs(int left, int room, const BlockCoder& c) {
+    const long long most = (8LL * room + 63 - c.bitCount) / c.shortestCode;
+    return most < left ? int(most) : left;
+}
+
 // Pairs coded into an open dynamic block must have codes in it.
 bool pairsCoded(const Vek16u* pairs, int count, const BlockCoder& c) {
     for (int i = 0; i < count; ++i, pairs += 2) {
@@ -123,6 +132,26 @@ Item headerItem(const BlockCoder& c, int step) {
             c.codeLengthBits[symbol] + extraBits};
 }
 
+constexpr Vek8u kFixedDistanceBits[kDistSymbols] = {5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5,
+                                                    5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5};
+
+// The length items and the shortest literal/length code of the block being
+// opened.
+void makeLengthItems(BlockCoder& c) {
+    const bool fixed = c.blockType == kFixedBlock;
+    const Vek16u* litLenCode = fixed ? kCodeTables.fixedLitLenCode : c.litLenCode;
+    const Vek8u* litLenBits = fixed ? kCodeTables.fixedLitLenBits : c.litLenBits;
+    for (int len = kMinMatch; len <= kMaxMatch; ++len) {
+        const int code = lengthCodeOf(len), symbol = kFirstLengthSymbol + code;
+        c.lengthItemBits[len - kMinMatch] = litLenCode[symbol] | Vek32u(len - kLengthBase[code]) << litLenBits[symbol];
+        c.lengthItemCount[len - kMinMatch] = Vek8u(litLenBits[symbol] + kLengthExtra[code]);
+    }
+    int shortest = kMaxCodeBits;
+    for (int s = 0; s < kLitLenSymbols; ++s)
+        if (litLenBits[s] && litLenBits[s] < shortest) shortest = litLenBits[s];
+    c.shortestCode = shortest;
+}
+
 VekStatus stopped(BlockCoder& c) {
     c.subStatus = kStopped;
     return StatusDstSize;
@@ -146,9 +175,21 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
         return StatusContextMismatch;
     const Vek16u* pairs = *ppPairs;
     int left = *pPairsLen;
+    // The call that opens a block checks all its pairs (it counts them for
+    // the dynamic codes anyway).  A call that resumes it checks those it can
+    // reach that no earlier call of the block has checked: none, when it
+    // passes the rest of the same list.
+    const int reach = c.blockPhase == kNoBlock ? left : reachablePairs(left, *pDstLen, c);
     if (c.blockPhase <= kPairs) {
-        if (!pairsValid(pairs, left)) return StatusBadArgument;
-        if (c.blockPhase != kNoBlock && type == kDynamicBlock && !pairsCoded(pairs, left, c)) return StatusBadArgument;
+        const uintptr_t from = reinterpret_cast<uintptr_t>(pairs), to = reinterpret_cast<uintptr_t>(pairs + 2 * reach);
+        const bool sameList = c.blockPhase != kNoBlock && from >= c.checkedFrom && from <= c.checkedTo;
+        const Vek16u* unchecked = sameList && to > c.checkedTo ? reinterpret_cast<const Vek16u*>(c.checkedTo) : pairs;
+        const int count = sameList && to <= c.checkedTo ? 0 : int(pairs + 2 * reach - unchecked) / 2;
+        if (!pairsValid(unchecked, count)) return StatusBadArgument;
+        if (c.blockPhase != kNoBlock && type == kDynamicBlock && !pairsCoded(unchecked, count, c))
+            return StatusBadArgument;
+        if (!sameList) c.checkedFrom = from;
+        if (!sameList || to > c.checkedTo) c.checkedTo = to;
     }
 
     if (c.blockPhase == kNoBlock) {
@@ -160,6 +201,7 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
             countSymbols(pairs, left, c);
             buildDynamicCodes(c);
         }
+        makeLengthItems(c);
     }
     BitOutput out = openOutput(*ppDst, *pDstLen, c);
     VekStatus status = StatusDstSize;
@@ -175,24 +217,14 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
     const Vek16u* litLenCode = fixed ? kCodeTables.fixedLitLenCode : c.litLenCode;
     const Vek8u* litLenBits = fixed ? kCodeTables.fixedLitLenBits : c.litLenBits;
     if (c.blockPhase == kPairs) {
-        // Length symbol and extra bits of every match length, put in as one.
-        Item lengthItem[kMaxMatch + 1 - kMinMatch];
-        for (int len = kMinMatch; len <= kMaxMatch; ++len) {
-            const int code = lengthCodeOf(len), symbol = kFirstLengthSymbol + code;
-            lengthItem[len - kMinMatch] = {litLenCode[symbol] | Vek32u(len - kLengthBase[code]) << litLenBits[symbol],
-                                           litLenBits[symbol] + kLengthExtra[code]};
-        }
-        Vek8u fixedDistanceBits[kDistSymbols];
-        memset(fixedDistanceBits, 5, sizeof fixedDistanceBits);
         const Vek16u* distanceCode = fixed ? kCodeTables.fixedDistanceCode : c.distCode;
-        const Vek8u* distanceBits = fixed ? fixedDistanceBits : c.distBits;
+        const Vek8u* distanceBits = fixed ? kFixedDistanceBits : c.distBits;
         const auto putPair = [&](const Vek16u* pair) {
             const Vek16u value = pair[0], distance = pair[1];
             if (distance == 0) {
                 out.put(litLenCode[value], litLenBits[value]);
             } else {
-                const Item& length = lengthItem[value - kMinMatch];
-                out.put(length.bits, length.count);
+                out.put(c.lengthItemBits[value - kMinMatch], c.lengthItemCount[value - kMinMatch]);
                 const int code = distanceCodeOf(distance);
                 out.put(distanceCode[code] | Vek32u(distance - kDistanceBase[code]) << distanceBits[code],
                         distanceBits[code] + kDistanceExtra[code]);
@@ -200,13 +232,15 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
         };
         // While 8 bytes of room remain, a pair (at most 48 bits) joins at
         // most 7 waiting bits and one word store passes the whole bytes on.
+        const Vek16u* const checkedEnd = pairs + 2 * reach;
         if (out.ready()) out.drainBytes();
         if (out.count < 8)
-            for (; left > 0 && out.room >= 8; --left, pairs += 2) {
+            for (; pairs < checkedEnd && out.room >= 8; pairs += 2) {
                 putPair(pairs);
                 out.storeWord();
             }
-        for (; left > 0 && out.ready(); --left, pairs += 2) putPair(pairs);
+        for (; pairs < checkedEnd && out.ready(); pairs += 2) putPair(pairs);
+        left -= reach - int(checkedEnd - pairs) / 2;
         if (left == 0) c.blockPhase = kEndCode;
     }
     if (c.blockPhase == kEndCode && out.ready()) {

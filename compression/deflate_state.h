@@ -68,6 +68,15 @@ struct BlockCoder {
     Vek8u litLenBits[kLitLenSymbols] = {};
     Vek16u distCode[kDistSymbols] = {};
     Vek8u distBits[kDistSymbols] = {};
+    // The open Huffman block's length symbol and extra bits of every match
+    // length, put in as one item: made once when the block opens, so a call
+    // that resumes it costs only what it writes.
+    Vek32u lengthItemBits[kMaxMatch + 1 - kMinMatch] = {};
+    Vek8u lengthItemCount[kMaxMatch + 1 - kMinMatch] = {};
+    int shortestCode = 1;  // bits of the open block's shortest literal/length code
+    // The addresses of the pairs checked since the block opened: a call
+    // that goes on with the same list checks only pairs beyond them.
+    uintptr_t checkedFrom = 0, checkedTo = 0;
     // The dynamic block's header: the counts sent, the code-length code and
     // the run-length coded code lengths (symbol 0..18 and its extra bits).
     int litLenSent = 0, distSent = 0, codeLengthsSent = 0;

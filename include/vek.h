@@ -773,9 +773,12 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs,
  * *pDstLen < 0 or *pPairsLen < 0 -> StatusSize; *pDstLen = 0 ->
  * StatusDstSize; another block type open -> StatusContextMismatch; a pair
  * outside the ranges above, or one whose symbols have no code in the
- * dynamic block being resumed -> StatusBadArgument.  The coders write whole
- * 8-byte words while the output has room: bytes past the returned *ppDst,
- * within the room given, may change. */
+ * dynamic block being resumed -> StatusBadArgument.  The call that opens a
+ * block checks all its pairs; a call that resumes it with the rest of the
+ * same list checks none again, and with another list only the pairs its
+ * room can reach, so a call costs what it writes however small the room.
+ * The coders write whole 8-byte words while the output has room: bytes past
+ * the returned *ppDst, within the room given, may change. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77FixedHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
                                                       int* pDstLen, int flush, VekDeflateState* pState);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
