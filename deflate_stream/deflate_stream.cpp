@@ -2,7 +2,6 @@
 #include "deflate_stream/deflate_stream.h"
 
 #include <limits.h>
-#include <math.h>
 #include <string.h>
 
 #include <algorithm>
@@ -39,21 +38,44 @@ Entries entriesOf(int level) {
     return e;
 }
 
-// Estimated bits of the pairs under each block type.  Fixed is exact;
-// dynamic is the entropy of the symbol counts plus a header guess, which
-// is a little below what the real code costs.
+// Estimated bits of the pairs under each block type, in 1/65536 bits.
+// Fixed and stored are exact; dynamic is the entropy of the symbol counts
+// plus a header guess, which is a little below what the real code costs.
+// All integer, so every platform chooses the same blocks (x87 and SSE
+// doubles could round a close call differently).
+constexpr int kFractionBits = 16;
+constexpr uint64_t kOneBit = uint64_t(1) << kFractionBits;
+
 struct SizeEstimate {
-    double fixedBits = 0, dynamicBits = 0, storedBits = 0;
+    uint64_t fixedBits = 0, dynamicBits = 0, storedBits = 0;
 };
 
-double entropyBits(const uint32_t* counts, int n) {
-    uint64_t total = 0;
+// log2(n) for n >= 1 in 1/65536 units, rounded down: the integer part from
+// the highest set bit, each fraction bit from squaring the mantissa.
+uint64_t log2Fixed(uint32_t n) {
+    int whole = 31;
+    while (!(n >> whole)) --whole;
+    uint64_t m = uint64_t(n) << (31 - whole);  // the mantissa in [1, 2), 31 fraction bits
+    uint32_t fraction = 0;
+    for (int bit = kFractionBits - 1; bit >= 0; --bit) {
+        m = (m * m) >> 31;
+        if (m >> 32) {
+            m >>= 1;
+            fraction |= 1u << bit;
+        }
+    }
+    return uint64_t(whole) << kFractionBits | fraction;
+}
+
+uint64_t entropyBits(const uint32_t* counts, int n) {
+    uint32_t total = 0;
     int used = 0;
     for (int i = 0; i < n; ++i) total += counts[i], used += counts[i] != 0;
-    double bits = 0;
+    const uint64_t log2Total = total ? log2Fixed(total) : 0;
+    uint64_t bits = 0;
     for (int i = 0; i < n; ++i)
-        if (counts[i]) bits += counts[i] * std::max(1.0, log2(double(total) / counts[i]));
-    return bits + 4.0 * used;  // about what sending a code length costs
+        if (counts[i]) bits += counts[i] * std::max(kOneBit, log2Total - log2Fixed(counts[i]));
+    return bits + 4 * kOneBit * uint64_t(used);  // about what sending a code length costs
 }
 
 SizeEstimate estimate(const Vek16u* pairs, int count, size_t rawLen) {
@@ -63,14 +85,16 @@ SizeEstimate estimate(const Vek16u* pairs, int count, size_t rawLen) {
     for (int c = 0; c < kLengthCodes; ++c) extraBits += uint64_t(litLen[kFirstLengthSymbol + c]) * kLengthExtra[c];
     for (int c = 0; c < kDistCount; ++c) extraBits += uint64_t(dist[c]) * kDistanceExtra[c];
     litLen[kEndOfBlock] = 1;
-    SizeEstimate e;
+    uint64_t fixedBits = extraBits + 3;
     for (int s = 0; s < kLitLenCount; ++s)
-        e.fixedBits += double(litLen[s]) * (s < 144 ? 8 : s < 256 ? 9 : s < 280 ? 7 : 8);
-    for (int d = 0; d < kDistCount; ++d) e.fixedBits += 5.0 * dist[d];
-    e.fixedBits += double(extraBits) + 3;
-    e.dynamicBits = entropyBits(litLen, kLitLenCount) + entropyBits(dist, kDistCount) + double(extraBits) + 3 + 14 + 57;
+        fixedBits += uint64_t(litLen[s]) * (s < 144 ? 8 : s < 256 ? 9 : s < 280 ? 7 : 8);
+    for (int d = 0; d < kDistCount; ++d) fixedBits += 5 * uint64_t(dist[d]);
+    SizeEstimate e;
+    e.fixedBits = fixedBits * kOneBit;
+    e.dynamicBits =
+        entropyBits(litLen, kLitLenCount) + entropyBits(dist, kDistCount) + (extraBits + 3 + 14 + 57) * kOneBit;
     const size_t blocks = std::max<size_t>(1, (rawLen + kStoredMax - 1) / kStoredMax);
-    e.storedBits = 8.0 * (rawLen + 5 * blocks) + 7;
+    e.storedBits = (8 * uint64_t(rawLen + 5 * blocks) + 7) * kOneBit;
     return e;
 }
 
