@@ -16,7 +16,7 @@
 namespace vekbench {
 namespace {
 
-const std::vector<uint8_t>& corpus(bool text) { return text ? textCorpus() : binaryCorpus(); }
+const std::vector<uint8_t>& corpus(bool text) { return corpusHead(text); }
 
 // The pairs class 1 finds in the first `bytes` of a corpus, as one list.
 struct PreparedPairs {
