@@ -88,16 +88,23 @@ inline int distanceCodeOf(int distance) {
 // (literals and matches both), adding to litLen[286] and dist[31]: a
 // literal adds to the spare dist[30].  Selections go by masks, which
 // compilers keep free of branches: literals and matches alternate at random.
+// Four pairs in a row count into four copies of the tables, so a run of
+// literals (each adding to dist[30]) or of one symbol does not wait on its
+// own last increment.
 inline void countPairSymbols(const uint16_t* pairs, int count, uint32_t* litLen, uint32_t* dist) {
+    constexpr int kCopies = 4, kLitLen = 286, kDist = kDistanceCodes + 1;
+    uint32_t lit[kCopies][kLitLen] = {}, dis[kCopies][kDist] = {};
     for (int i = 0; i < count; ++i, pairs += 2) {
         const unsigned value = pairs[0], distance = pairs[1];
         const unsigned match = 0u - unsigned(distance != 0);
         const unsigned lengthSymbol = kFirstLengthSymbol + kCodeTables.lengthCode[(value - 3) & 0xFF];
         const unsigned d = (distance - 1) & 0x7FFF, far = 0u - unsigned(d >= 256);
         const unsigned distanceCode = kCodeTables.distanceCode[d ^ ((d ^ (256 + (d >> 7))) & far)];
-        ++litLen[value ^ ((value ^ lengthSymbol) & match)];
-        ++dist[kDistanceCodes ^ ((kDistanceCodes ^ distanceCode) & match)];
+        ++lit[i & (kCopies - 1)][value ^ ((value ^ lengthSymbol) & match)];
+        ++dis[i & (kCopies - 1)][kDistanceCodes ^ ((kDistanceCodes ^ distanceCode) & match)];
     }
+    for (int s = 0; s < kLitLen; ++s) litLen[s] += lit[0][s] + lit[1][s] + lit[2][s] + lit[3][s];
+    for (int s = 0; s < kDist; ++s) dist[s] += dis[0][s] + dis[1][s] + dis[2][s] + dis[3][s];
 }
 
 }  // namespace vek::deflate

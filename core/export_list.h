@@ -218,12 +218,14 @@ VEK_EXPORT(veksEncodeLZ77SetPairs_8u,      plain, plain, plain, plain, plain, pl
 
 
 // ---- the deflate encoder: block coding and trailer (compression/) ----------
-// Bit packing and table look-ups: every level shares the plain code.
+// Bit packing and table look-ups: the plain code, compiled again for AVX2
+// and AVX-512 in the Huffman coders (the pairs checked by vectors, BMI2
+// shifts).
 VEK_EXPORT(veksEncodeLZ77GetStatus_8u,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (int* pStatus, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77SetStatus_8u,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (int status, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77SelectHuffMode_8u, plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16u* pPairs, int pairsCount, int* pHuffMode, VekDeflateState* pState))
-VEK_EXPORT(veksEncodeLZ77FixedHuff_8u,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
-VEK_EXPORT(veksEncodeLZ77DynamicHuff_8u,    plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77FixedHuff_8u,      plain, plain, plain, plain, plain, plain, avx2,  avx512, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77DynamicHuff_8u,    plain, plain, plain, plain, plain, plain, avx2,  avx512, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77StoredBlock_8u,    plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (Vek8u** ppDst, int* pDstLen, VekDeflateState* pState))
 
