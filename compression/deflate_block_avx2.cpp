@@ -1,6 +1,7 @@
 // The Huffman block coders, avx2 level: the coders of
 // deflate_block_coder.h compiled for AVX2 (the pairs checked eight at a time, shifts by BMI2).  The bytes are the plain
 // level's.
+#include <immintrin.h>
 #include <stdint.h>
 #include <string.h>
 

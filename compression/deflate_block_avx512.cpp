@@ -1,6 +1,7 @@
 // The Huffman block coders, avx512 level: the coders of
 // deflate_block_coder.h compiled for AVX-512 (the pairs checked sixteen at a time, shifts by BMI2).  The bytes are the plain
 // level's.
+#include <immintrin.h>
 #include <stdint.h>
 #include <string.h>
 

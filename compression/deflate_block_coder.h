@@ -12,7 +12,8 @@
 // the block done and sets the stream status to VekDeflateComplete; the
 // trailer then starts on a byte.
 //
-// Included inside a level's namespace after <string.h>, deflate_huffman.h,
+// Included inside a level's namespace after <immintrin.h> (levels with AVX2),
+// <string.h>, deflate_huffman.h,
 // deflate_status.h and deflate_tables.h; everything but the exports of
 // VEK_HUFFMAN_BLOCK_EXPORTS has internal linkage.  A level compiled with
 // AVX2 checks the pairs eight at a time (the compiler vectorises the
@@ -80,10 +81,30 @@ void keepOutput(const BitOutput& out, Vek8u** ppDst, int* pDstLen, BlockCoder& c
     c.bitCount = out.count;
 }
 
-// No branch per pair: literals and matches alternate at random.
+// No branch per pair: literals and matches alternate at random.  With
+// AVX2, eight pairs at a time, each a 32-bit lane (value low, distance
+// high).
 bool pairsValid(const Vek16u* pairs, int count) {
     unsigned bad = 0;
-    for (int i = 0; i < count; ++i) {
+    int i = 0;
+#ifdef __AVX2__
+    const __m256i low16 = _mm256_set1_epi32(0xFFFF), maxLiteral = _mm256_set1_epi32(255);
+    const __m256i belowMatch = _mm256_set1_epi32(kMinMatch), maxMatch = _mm256_set1_epi32(kMaxMatch);
+    const __m256i maxDistance = _mm256_set1_epi32(kWindowSize), zero = _mm256_setzero_si256();
+    __m256i badLanes = zero;
+    for (; i + 8 <= count; i += 8) {
+        const __m256i v = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(pairs + 2 * i));
+        const __m256i value = _mm256_and_si256(v, low16), distance = _mm256_srli_epi32(v, 16);
+        const __m256i badMatch =
+            _mm256_or_si256(_mm256_or_si256(_mm256_cmpgt_epi32(belowMatch, value), _mm256_cmpgt_epi32(value, maxMatch)),
+                            _mm256_cmpgt_epi32(distance, maxDistance));
+        const __m256i badLiteral = _mm256_cmpgt_epi32(value, maxLiteral);
+        badLanes =
+            _mm256_or_si256(badLanes, _mm256_blendv_epi8(badMatch, badLiteral, _mm256_cmpeq_epi32(distance, zero)));
+    }
+    bad = unsigned(!_mm256_testz_si256(badLanes, badLanes));
+#endif
+    for (; i < count; ++i) {
         const unsigned value = pairs[2 * i], distance = pairs[2 * i + 1];
         const unsigned badMatch = (value - kMinMatch > unsigned(kMaxMatch - kMinMatch)) | (distance > kWindowSize);
         bad |= distance == 0 ? value > 255 : badMatch;
