@@ -588,7 +588,10 @@ VEK_API VekStatus VEK_CALL vekiComplement_32s_C1IR(Vek32s* pSrcDst, int srcDstSt
  *
  * veksCRC32_8u: *pCrc holds the finished CRC-32 of what was seen so far, 0
  * to start.  A null pointer gives StatusNullPointer; len < 1 gives
- * StatusSize with nothing written. */
+ * StatusSize with nothing written.
+ *
+ * Every level gives the same values; the AVX2 and AVX-512 levels fold
+ * CRC-32 with carry-less multiplication and take Adler-32 64 bytes a step. */
 VEK_API VekStatus VEK_CALL veksAdler32_8u(const Vek8u* pSrc, int len, Vek32u* pAdler);
 VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc);
 

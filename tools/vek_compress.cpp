@@ -148,6 +148,7 @@ bool compressTo(const Format& f, int comprClass, FILE* in, const std::string& in
     vekdeflate::Options options;
     options.container = f.container;
     options.comprClass = comprClass;
+    options.outputChunk = 1 << 18;  // large writes; the bytes do not depend on it
     const bool progress = isatty(fileno(stderr));
     unsigned long long taken = 0, shown = 0;
     int readErrno = 0, writeErrno = 0;
