@@ -16,15 +16,15 @@ struct Registrar {
     Registrar() {
         for (int bytes : {kChecksumBytes, kLargeChecksumBytes}) {
             const std::string size = bytes == kChecksumBytes ? "/64KiB" : "/16MiB";
-            const std::vector<uint8_t>& data = randomBytes(bytes);
             RivalRegistrar("veksCRC32_8u" + size, "zlib",
-                           [&data, bytes] { sink = crc32(sink, data.data(), uInt(bytes)); });
+                           [bytes] { sink = crc32(sink, randomBytes(bytes).data(), uInt(bytes)); });
             RivalRegistrar("veksAdler32_8u" + size, "zlib",
-                           [&data, bytes] { sink = adler32(1, data.data(), uInt(bytes)); });
-            RivalRegistrar("veksCRC32_8u" + size, "libdeflate",
-                           [&data, bytes] { sink = libdeflate_crc32(uint32_t(sink), data.data(), size_t(bytes)); });
+                           [bytes] { sink = adler32(1, randomBytes(bytes).data(), uInt(bytes)); });
+            RivalRegistrar("veksCRC32_8u" + size, "libdeflate", [bytes] {
+                sink = libdeflate_crc32(uint32_t(sink), randomBytes(bytes).data(), size_t(bytes));
+            });
             RivalRegistrar("veksAdler32_8u" + size, "libdeflate",
-                           [&data, bytes] { sink = libdeflate_adler32(1, data.data(), size_t(bytes)); });
+                           [bytes] { sink = libdeflate_adler32(1, randomBytes(bytes).data(), size_t(bytes)); });
         }
     }
 } registrar;
