@@ -164,24 +164,39 @@ private:
 
     // Fast: one candidate, the last position with the same rolling hash.
     // Positions from base_ on are in the input, so the current bytes are
-    // addressed there directly.
+    // addressed there directly.  The loop works on local copies of the
+    // finder's fields: its stores to the head table (ints) could otherwise
+    // alias them and force a reload after every store.
     int runFast(int p) {
-        for (; p < end_ - 2 && pairSpace_ > 0;) {
-            const int maxLen = maxLength(p, 2);
-            const Vek8u* cur = src_ + (p - base_);
-            int& head = s_.head[rollingHash(cur)];
+        const int end = end_, base = base_, lowest = lowest_;
+        const Vek8u* const src = src_;
+        const Vek8u* const history = s_.history + histFill_;  // position q < base at history[q - base]
+        int32_t* const heads = s_.head;
+        Vek16u* out = pairs_ + 2 * pairCount_;
+        int space = pairSpace_;
+        for (; p < end - 2 && space > 0; --space, out += 2) {
+            const int room = end - p - 2, maxLen = room < deflate::kMaxMatch ? room : deflate::kMaxMatch;
+            const Vek8u* cur = src + (p - base);
+            int& head = heads[rollingHash(cur)];
             const int c = head;
             head = p;
+            const int oldest = p - kMaxDistance > lowest ? p - kMaxDistance : lowest;
             int len = 0;
-            if (maxLen >= deflate::kMinMatch && c >= oldestCandidate(p) && c < p) len = matchLength(at(c), cur, maxLen);
+            if (maxLen >= deflate::kMinMatch && c >= oldest && c < p)
+                len = matchLength(c < base ? history + (c - base) : src + (c - base), cur, maxLen);
             if (len >= deflate::kMinMatch) {
-                emit(len, p - c);
-                for (int q = 1; q < len; ++q) s_.head[rollingHash(cur + q)] = p + q;
+                out[0] = static_cast<Vek16u>(len);
+                out[1] = static_cast<Vek16u>(p - c);
+                for (int q = 1; q < len; ++q) heads[rollingHash(cur + q)] = p + q;
                 p += len;
             } else {
-                emitLiteral(p++);
+                out[0] = *cur;
+                out[1] = 0;
+                ++p;
             }
         }
+        pairCount_ += pairSpace_ - space;
+        pairSpace_ = space;
         return p;
     }
 
