@@ -6,7 +6,13 @@
 //     against libdeflate 1, class 1 against libdeflate 6, class 2 against
 //     zlib 9, which it should pass by half as much again);
 //   - CRC-32 and Adler-32 over 64 KiB and 16 MiB against libdeflate's and
-//     zlib's.
+//     zlib's;
+//   - the two Huffman block coders through output rooms of 1 byte, 31 bytes
+//     and 64 KiB (blocks of the first 1,000 and 65,000 pairs class 1 finds in
+//     the text corpus): the time per output byte and per call, against the
+//     targets (a 31-byte room within 2x the 64 KiB room's time per byte; a
+//     1-byte room's time per call within 2x between the two blocks).
+// --only streams|checksums|rooms runs one part.
 // Each figure is the best of a few runs (--runs N, 5 by default), timed by
 // the thread's processor time: on a shared machine the least disturbed.  The vek
 // figures are those of the level chosen at load (VEK_MAX_LEVEL caps it).
@@ -154,18 +160,92 @@ void checksums() {
     }
 }
 
+// The first `count` pairs class 1 finds in the text corpus.
+std::vector<Vek16u> textPairs(int count) {
+    const std::vector<uint8_t>& data = vekbench::textCorpus();
+    std::vector<Vek16u> pairs(2 * size_t(count));
+    VekDeflateState* s = nullptr;
+    veksEncodeLZ77InitAlloc_8u(VekDeflateDefault, VekDeflateNoChecksum, &s);
+    const Vek8u* src = data.data();
+    int srcLen = int(data.size()), room = count;
+    Vek16u* p = pairs.data();
+    veksEncodeLZ77_8u(&src, &srcLen, &p, &room, VekDeflateNoFlush, s);
+    veksLZ77Free_8u(s);
+    pairs.resize(size_t(p - pairs.data()));
+    return pairs;
+}
+
+void rooms() {
+    printf("\n%-34s %8s %8s %12s %10s\n", "block coder, output room", "calls", "bytes", "ns/out byte", "ns/call");
+    VekDeflateState* state = nullptr;
+    veksEncodeLZ77InitAlloc_8u(VekDeflateDefault, VekDeflateNoChecksum, &state);
+    std::vector<Vek8u> out(1 << 20);
+    for (bool dynamic : {false, true}) {
+        double perCallOfRoom1[2] = {}, perByteOf64K = 0;
+        for (int block = 0; block < 2; ++block) {
+            const int pairCount = block ? 65000 : 1000;
+            const std::vector<Vek16u> pairs = textPairs(pairCount);
+            for (int room : {64 << 10, 31, 1}) {
+                long calls = 0, bytes = 0;
+                // One whole block through outputs of `room` bytes, each handed
+                // back empty as a writer would.
+                const auto codeBlock = [&] {
+                    const Vek16u* p = pairs.data();
+                    int n = int(pairs.size() / 2), left = room;
+                    Vek8u* dst = out.data();
+                    calls = 1, bytes = 0;
+                    const auto coder = dynamic ? veksEncodeLZ77DynamicHuff_8u : veksEncodeLZ77FixedHuff_8u;
+                    while (coder(&p, &n, &dst, &left, VekDeflateNoFlush, state) == StatusDstSize) {
+                        bytes += room - left, ++calls;
+                        dst = out.data(), left = room;
+                    }
+                    bytes += room - left;
+                };
+                const int repeat = room == 1 && pairCount > 1000 ? 1 : 20;
+                const double s = bestSeconds([&] {
+                                     for (int i = 0; i < repeat; ++i) codeBlock();
+                                 }) /
+                                 repeat;
+                const double perByte = s / double(bytes) * 1e9, perCall = s / double(calls) * 1e9;
+                std::string verdict;
+                if (room == 64 << 10) perByteOf64K = perByte;
+                if (room == 31)
+                    verdict = perByte <= 2 * perByteOf64K ? "within 2x the 64 KiB room's"
+                                                          : "BELOW: over 2x the 64 KiB room's";
+                if (room == 1) perCallOfRoom1[block] = perCall;
+                if (room == 1 && block == 1) {
+                    const double r = perCallOfRoom1[1] / perCallOfRoom1[0];
+                    char text[80];
+                    snprintf(text, sizeof text, "x%.2f the 1,000-pair block's per call%s", r,
+                             r <= 2 && r >= 0.5 ? "" : "  BELOW");
+                    verdict = text;
+                }
+                char name[64];
+                snprintf(name, sizeof name, "%s %5d pairs, %5d B", dynamic ? "dynamic" : "fixed  ",
+                         int(pairs.size() / 2), room);
+                printf("%-34s %8ld %8ld %12.2f %10.1f  %s\n", name, calls, bytes, perByte, perCall, verdict.c_str());
+            }
+        }
+    }
+    veksLZ77Free_8u(state);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    std::string only;
     for (int i = 1; i < argc; ++i) {
         if (!strcmp(argv[i], "--runs") && i + 1 < argc) {
             gRuns = std::max(1, atoi(argv[++i]));
+        } else if (!strcmp(argv[i], "--only") && i + 1 < argc) {
+            only = argv[++i];
         } else {
-            fprintf(stderr, "usage: deflate_ratio [--runs N]\n");
+            fprintf(stderr, "usage: deflate_ratio [--runs N] [--only streams|checksums|rooms]\n");
             return 2;
         }
     }
-    streams();
-    checksums();
+    if (only.empty() || only == "streams") streams();
+    if (only.empty() || only == "checksums") checksums();
+    if (only.empty() || only == "rooms") rooms();
     return 0;
 }
