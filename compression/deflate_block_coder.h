@@ -217,9 +217,10 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
         c.headerStep = 0;
         c.blockPhase = kHeader;
         if (type == kDynamicBlock) {
-            countSymbols(pairs, left, c);
+            if (c.countedPairs != pairs || c.countedCount != left) countSymbols(pairs, left, c);
             buildDynamicCodes(c);
         }
+        c.countedPairs = nullptr;
         makeLengthItems(c);
     }
     BitOutput out = openOutput(*ppDst, *pDstLen, c);

@@ -27,6 +27,7 @@ VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateState* pStat
     if (!pState) return StatusNullPointer;
     DeflateState& s = *stateOf(pState);
     s.streamStatus = status;
+    s.coder.countedPairs = nullptr;
     if (status == VekDeflateMatching) {  // an empty list in the state's own storage
         s.pairs = s.pairStorage;
         s.pairCount = 0;
@@ -52,6 +53,7 @@ VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pai
     Vek16u firstSeen[kLitLenSymbols];
     int distinct = 0;
     countSymbols(pPairs, pairsCount, c, firstSeen, &distinct);
+    c.countedPairs = nullptr;  // the tables hold these pairs' counts now
 
     // The skew test: the largest count against the count of the symbol at
     // the count-weighted mean rank of first appearance.

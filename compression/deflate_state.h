@@ -85,6 +85,12 @@ struct BlockCoder {
     int runCount = 0;
     Vek8u runSymbol[kLitLenSymbols + kDistSymbols] = {};
     Vek8u runExtra[kLitLenSymbols + kDistSymbols] = {};
+    // The block whose counts giveBlockCounts put in litLen / dist: a dynamic
+    // coder that opens a block of exactly these pairs codes with them
+    // instead of counting again.  Every status change and every block
+    // opened drops them.
+    const Vek16u* countedPairs = nullptr;
+    int countedCount = -1;
 };
 
 struct DeflateState {
@@ -115,6 +121,21 @@ struct DeflateState {
 
 inline DeflateState* stateOf(VekDeflateState* p) { return reinterpret_cast<DeflateState*>(p); }
 inline const DeflateState* stateOf(const VekDeflateState* p) { return reinterpret_cast<const DeflateState*>(p); }
+
+// For the whole-stream driver, which counts a block's symbols anyway to
+// choose its type: after veksEncodeLZ77SetStatus_8u(VekDeflateCoding), hands
+// those counts (litLen[286] and dist[30] as countPairSymbols adds them up)
+// to the dynamic coder of the block of the `count` pairs at `pairs`.  They
+// must be the counts of those pairs: the coder builds its codes from them.
+inline void giveBlockCounts(VekDeflateState* p, const Vek16u* pairs, int count, const uint32_t* litLen,
+                            const uint32_t* dist) {
+    BlockCoder& c = stateOf(p)->coder;
+    for (int s = 0; s < kLitLenSymbols; ++s) c.litLen[s] = {Vek32u(s), litLen[s]};
+    c.litLen[256].count = 1;  // the end-of-block code, once
+    for (int s = 0; s < kDistSymbols; ++s) c.dist[s] = {Vek32u(s), dist[s]};
+    c.countedPairs = pairs;
+    c.countedCount = count;
+}
 
 }  // namespace vek::deflate
 

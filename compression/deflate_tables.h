@@ -101,17 +101,26 @@ inline int distanceCodeOf(int distance) {
 // at random.
 // Four pairs in a row count into four copies of the tables, so a run of
 // literals (each adding to dist[30]) or of one symbol does not wait on its
-// own last increment.
+// own last increment; the copies are named apart so that their addresses
+// are constant offsets.
 inline void countPairSymbols(const uint16_t* pairs, int count, uint32_t* litLen, uint32_t* dist) {
     constexpr int kCopies = 4, kLitLen = 286, kDist = kDistanceCodes + 1;
     uint32_t lit[kCopies][kLitLen] = {}, dis[kCopies][kDist] = {};
-    for (int i = 0; i < count; ++i, pairs += 2) {
-        const unsigned value = pairs[0], distance = pairs[1];
+    const auto countOne = [](const uint16_t* pair, uint32_t* lit, uint32_t* dis) {
+        const unsigned value = pair[0], distance = pair[1];
         const unsigned d = distance - 1, far = 256 + (d >> 7);  // a literal's d is past every distance
         const unsigned slot = d < 256 ? d : far < 512 ? far : 512;
-        ++lit[i & (kCopies - 1)][kCodeTables.pairSymbol[(value & 511) | unsigned(distance != 0) << 9]];
-        ++dis[i & (kCopies - 1)][kCodeTables.distanceSlot[slot]];
+        ++lit[kCodeTables.pairSymbol[(value & 511) | unsigned(distance != 0) << 9]];
+        ++dis[kCodeTables.distanceSlot[slot]];
+    };
+    int i = 0;
+    for (; i + kCopies <= count; i += kCopies, pairs += 2 * kCopies) {
+        countOne(pairs, lit[0], dis[0]);
+        countOne(pairs + 2, lit[1], dis[1]);
+        countOne(pairs + 4, lit[2], dis[2]);
+        countOne(pairs + 6, lit[3], dis[3]);
     }
+    for (; i < count; ++i, pairs += 2) countOne(pairs, lit[0], dis[0]);
     for (int s = 0; s < kLitLen; ++s) litLen[s] += lit[0][s] + lit[1][s] + lit[2][s] + lit[3][s];
     for (int s = 0; s < kDist; ++s) dist[s] += dis[0][s] + dis[1][s] + dis[2][s] + dis[3][s];
 }

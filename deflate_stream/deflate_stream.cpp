@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "compression/deflate_state.h"
 #include "compression/deflate_tables.h"
 #include "core/dispatch.h"
 
@@ -78,13 +79,18 @@ uint64_t entropyBits(const uint32_t* counts, int n) {
     return bits + 4 * kOneBit * uint64_t(used);  // about what sending a code length costs
 }
 
-SizeEstimate estimate(const Vek16u* pairs, int count, size_t rawLen) {
+// The symbol counts of a block's pairs: litLen[256] (end of block) is 1,
+// dist[30] counts the literals.
+struct BlockCounts {
     uint32_t litLen[kLitLenCount] = {}, dist[kDistCount + 1] = {};
-    countPairSymbols(pairs, count, litLen, dist);
+};
+
+SizeEstimate estimate(const BlockCounts& counts, size_t rawLen) {
+    const uint32_t* litLen = counts.litLen;
+    const uint32_t* dist = counts.dist;
     uint64_t extraBits = 0;  // from the counts: no work per pair
     for (int c = 0; c < kLengthCodes; ++c) extraBits += uint64_t(litLen[kFirstLengthSymbol + c]) * kLengthExtra[c];
     for (int c = 0; c < kDistCount; ++c) extraBits += uint64_t(dist[c]) * kDistanceExtra[c];
-    litLen[kEndOfBlock] = 1;
     uint64_t fixedBits = extraBits + 3;
     for (int s = 0; s < kLitLenCount; ++s)
         fixedBits += uint64_t(litLen[s]) * (s < 144 ? 8 : s < 256 ? 9 : s < 280 ? 7 : 8);
@@ -259,20 +265,34 @@ private:
         return codeBlock(blockStart, size_t(src - blockStart), end);
     }
 
+    // A dynamic block's coder gets the counts made here, so the pairs are
+    // counted once.
     BlockType chooseBlock(const Vek16u* pairs, int count, size_t rawLen) {
+        BlockCounts counts;
+        const auto counted = [&] {
+            countPairSymbols(pairs, count, counts.litLen, counts.dist);
+            counts.litLen[kEndOfBlock] = 1;
+            return estimate(counts, rawLen);
+        };
+        BlockType type;
         if (options_.choice != BlockChoice::Smallest) {
             int mode = VekDeflateFixedCodes;
             const VekStatus st = lib_.veksEncodeLZ77SelectHuffMode_8u(pairs, count, &mode, state_);
             if (st != StatusOk) fail("veksEncodeLZ77SelectHuffMode_8u", st);
             const bool dynamic = mode == VekDeflateDynamicCodes;
             if (options_.choice == BlockChoice::SkewRuleOnly) return dynamic ? BlockType::Dynamic : BlockType::Fixed;
-            const SizeEstimate e = estimate(pairs, count, rawLen);
-            if (e.storedBits < (dynamic ? e.dynamicBits : e.fixedBits)) return BlockType::Stored;
-            return dynamic ? BlockType::Dynamic : BlockType::Fixed;
+            const SizeEstimate e = counted();
+            type = e.storedBits < (dynamic ? e.dynamicBits : e.fixedBits) ? BlockType::Stored
+                   : dynamic                                              ? BlockType::Dynamic
+                                                                          : BlockType::Fixed;
+        } else {
+            const SizeEstimate e = counted();
+            type = e.storedBits < std::min(e.fixedBits, e.dynamicBits) ? BlockType::Stored
+                   : e.dynamicBits < e.fixedBits                       ? BlockType::Dynamic
+                                                                       : BlockType::Fixed;
         }
-        const SizeEstimate e = estimate(pairs, count, rawLen);
-        if (e.storedBits < std::min(e.fixedBits, e.dynamicBits)) return BlockType::Stored;
-        return e.dynamicBits < e.fixedBits ? BlockType::Dynamic : BlockType::Fixed;
+        if (type == BlockType::Dynamic) giveBlockCounts(state_, pairs, count, counts.litLen, counts.dist);
+        return type;
     }
 
     // The pairs held (standing for the `rawLen` bytes at `raw`) as one
