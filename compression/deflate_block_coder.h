@@ -239,18 +239,21 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
     if (c.blockPhase == kPairs) {
         const Vek16u* distanceCode = fixed ? kCodeTables.fixedDistanceCode : c.distCode;
         const Vek8u* distanceBits = fixed ? kFixedDistanceBits : c.distBits;
+        // Both items are made and one is kept, with no branch: literals and
+        // matches alternate at random.  A literal's match item reads table
+        // entries in range (length index and distance wrapped) and is dropped.
         const auto putPair = [&](const Vek16u* pair) {
-            const Vek16u value = pair[0], distance = pair[1];
-            if (distance == 0) {
-                out.put(litLenCode[value], litLenBits[value]);
-            } else {
-                // The length item and the distance item as one put.
-                const int lengthCount = c.lengthItemCount[value - kMinMatch], code = distanceCodeOf(distance);
-                const Vek64u distanceItem = distanceCode[code] | Vek64u(distance - kDistanceBase[code])
-                                                                     << distanceBits[code];
-                out.put(c.lengthItemBits[value - kMinMatch] | distanceItem << lengthCount,
-                        lengthCount + distanceBits[code] + kDistanceExtra[code]);
-            }
+            const unsigned value = pair[0], distance = pair[1];
+            const unsigned lengthIndex = (value - kMinMatch) & 0xFF, d = (distance - 1) & 0x7FFF;
+            const int code = kCodeTables.distanceCode[d < 256 ? d : 256 + (d >> 7)];
+            const int lengthCount = c.lengthItemCount[lengthIndex];
+            const Vek64u distanceItem = distanceCode[code] | Vek64u(d + 1 - kDistanceBase[code]) << distanceBits[code];
+            const Vek64u matchBits = c.lengthItemBits[lengthIndex] | distanceItem << lengthCount;
+            const int matchCount = lengthCount + distanceBits[code] + kDistanceExtra[code];
+            const Vek64u isMatch = Vek64u(0) - Vek64u(distance != 0);
+            const Vek64u bits = (matchBits & isMatch) | (Vek64u(litLenCode[value & 0xFF]) & ~isMatch);
+            const int count = litLenBits[value & 0xFF] + ((matchCount - litLenBits[value & 0xFF]) & int(isMatch));
+            out.put(bits, count);
         };
         // While 8 bytes of room remain, a pair (at most 48 bits) joins at
         // most 7 waiting bits and one word store passes the whole bytes on.
