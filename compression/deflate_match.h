@@ -1,8 +1,8 @@
 // The deflate match finder: one call of veksEncodeLZ77_8u, written once
 // for every level.
 //
-// Include INSIDE a level namespace, after <string.h>, deflate_state.h and
-// deflate_hash_tables.h outside it, and after defining in the namespace
+// Include INSIDE a level namespace, after <string.h>, deflate_state.h,
+// deflate_tables.h and deflate_hash_tables.h outside it, and after defining in the namespace
 //   int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen);
 // which counts the leading equal bytes of the two strings, at most maxLen,
 // and
@@ -91,13 +91,25 @@ private:
         s_.linkedEnd = q + 1;
     }
 
+    // Each pair is counted as it is written (see DeflateState::countedFrom):
+    // the loops wait on loads, so the counting comes almost free.
     void emit(int value, int distance) {
         pairs_[2 * pairCount_] = static_cast<Vek16u>(value);
         pairs_[2 * pairCount_ + 1] = static_cast<Vek16u>(distance);
         ++pairCount_;
         --pairSpace_;
     }
-    void emitLiteral(int p) { emit(src_[p - base_], 0); }
+    void emitMatch(int length, int distance) {
+        emit(length, distance);
+        ++s_.emittedLitLen[deflate::kFirstLengthSymbol + deflate::lengthCodeOf(length)];
+        ++s_.emittedDist[deflate::distanceCodeOf(distance)];
+    }
+    void emitLiteral(int p) {
+        const int value = src_[p - base_];
+        emit(value, 0);
+        ++s_.emittedLitLen[value];
+        ++s_.emittedDist[deflate::kDistSymbols];
+    }
 
     struct Match {
         int length = 0, distance = 0;
@@ -174,6 +186,8 @@ private:
         int32_t* const heads = s_.head;
         Vek16u* out = pairs_ + 2 * pairCount_;
         int space = pairSpace_;
+        Vek32u* const litLenCounts = s_.emittedLitLen;
+        Vek32u* const distCounts = s_.emittedDist;
         for (; p < end - 2 && space > 0; --space, out += 2) {
             const int room = end - p - 2, maxLen = room < deflate::kMaxMatch ? room : deflate::kMaxMatch;
             const Vek8u* cur = src + (p - base);
@@ -187,11 +201,15 @@ private:
             if (len >= deflate::kMinMatch) {
                 out[0] = static_cast<Vek16u>(len);
                 out[1] = static_cast<Vek16u>(p - c);
+                ++litLenCounts[deflate::kFirstLengthSymbol + deflate::lengthCodeOf(len)];
+                ++distCounts[deflate::distanceCodeOf(p - c)];
                 for (int q = 1; q < len; ++q) heads[rollingHash(cur + q)] = p + q;
                 p += len;
             } else {
                 out[0] = *cur;
                 out[1] = 0;
+                ++litLenCounts[*cur];
+                ++distCounts[deflate::kDistSymbols];
                 ++p;
             }
         }
@@ -206,7 +224,7 @@ private:
             link(p);
             const Match m = search(p, maxLength(p, 2), 16);
             if (m.length >= deflate::kMinMatch) {
-                emit(m.length, m.distance);
+                emitMatch(m.length, m.distance);
                 for (int q = p + 1; q < p + m.length; ++q) link(q);
                 p += m.length;
             } else {
@@ -237,7 +255,7 @@ private:
             const bool worthIt =
                 cur.length > deflate::kMinMatch || (cur.length == deflate::kMinMatch && cur.distance <= 4096);
             if (worthIt && cur.length >= next.length) {
-                emit(cur.length, cur.distance);
+                emitMatch(cur.length, cur.distance);
                 for (int q = p + 2; q < p + cur.length; ++q) link(q);
                 p += cur.length;
                 carried = false;
@@ -316,6 +334,11 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
     const int histFill = static_cast<int>(s.historyPos - s.history);
     memcpy(s.history + histFill, src, srcLen < deflate::kMaxMatch ? srcLen : deflate::kMaxMatch);
 
+    if (s.countedEnd != *ppPairs) {  // a new list: its counts start from 0
+        memset(s.emittedLitLen, 0, sizeof s.emittedLitLen);
+        memset(s.emittedDist, 0, sizeof s.emittedDist);
+        s.countedFrom = *ppPairs;
+    }
     int lowest = cut ? 1 : 0;
     if (base - histFill > lowest) lowest = base - histFill;
     MatchFinder finder(s, src, base, histFill, base + srcLen, *ppPairs, pairSpace, lowest);
@@ -336,6 +359,7 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
     *ppSrc = src + consumed;
     *pSrcLen = srcLen - consumed;
     *ppPairs += 2 * finder.pairsWritten();
+    s.countedEnd = *ppPairs;
     *pPairsLen = pairSpace - finder.pairsWritten();
     return consumed < srcLen ? StatusDstSize : status;
 }

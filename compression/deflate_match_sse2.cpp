@@ -8,6 +8,7 @@
 
 #include "compression/deflate_hash_tables.h"
 #include "compression/deflate_state.h"
+#include "compression/deflate_tables.h"
 #include "core/dispatch.h"
 
 namespace vek::sse2 {

@@ -114,6 +114,15 @@ struct DeflateState {
     int streamStatus = 0;  // VekDeflateNotBegun ...: read and written by Get/SetStatus and the coders
     int lastFlush = 0;     // flush mode of the previous encoding call
     int linkedEnd = 0;     // positions below it are already in the hash tables
+    // The symbol counts of the pairs the match finder wrote from
+    // countedFrom to countedEnd, call after call (a call that writes
+    // anywhere else starts them again); literals count in emittedDist[30].
+    // The whole-stream driver takes them (emittedCounts) instead of counting
+    // its blocks again.
+    const Vek16u* countedFrom = nullptr;
+    const Vek16u* countedEnd = nullptr;
+    Vek32u emittedLitLen[kLitLenSymbols];
+    Vek32u emittedDist[kDistSymbols + 1];
 
     Vek8u history[kHistorySize];
     Pair pairStorage[kPairCapacity];
@@ -121,6 +130,14 @@ struct DeflateState {
 
 inline DeflateState* stateOf(VekDeflateState* p) { return reinterpret_cast<DeflateState*>(p); }
 inline const DeflateState* stateOf(const VekDeflateState* p) { return reinterpret_cast<const DeflateState*>(p); }
+
+// The counts of the `count` pairs at `pairs` when the match finder wrote
+// exactly those (see countedFrom), else null; the end of block is not
+// counted.
+inline const DeflateState* emittedCounts(const VekDeflateState* p, const Vek16u* pairs, int count) {
+    const DeflateState* s = stateOf(p);
+    return s->countedFrom == pairs && s->countedEnd == pairs + 2 * count ? s : nullptr;
+}
 
 // For the whole-stream driver, which counts a block's symbols anyway to
 // choose its type: after veksEncodeLZ77SetStatus_8u(VekDeflateCoding), hands

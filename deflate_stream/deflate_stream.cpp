@@ -265,12 +265,18 @@ private:
         return codeBlock(blockStart, size_t(src - blockStart), end);
     }
 
-    // A dynamic block's coder gets the counts made here, so the pairs are
-    // counted once.
+    // The counts come from the match finder, which made them as it wrote
+    // the pairs, or else from a count here; a dynamic block's coder gets
+    // them too, so it does not count again.
     BlockType chooseBlock(const Vek16u* pairs, int count, size_t rawLen) {
         BlockCounts counts;
         const auto counted = [&] {
-            countPairSymbols(pairs, count, counts.litLen, counts.dist);
+            if (const vek::deflate::DeflateState* s = emittedCounts(state_, pairs, count)) {
+                std::copy(s->emittedLitLen, s->emittedLitLen + kLitLenCount, counts.litLen);
+                std::copy(s->emittedDist, s->emittedDist + kDistCount + 1, counts.dist);
+            } else {
+                countPairSymbols(pairs, count, counts.litLen, counts.dist);
+            }
             counts.litLen[kEndOfBlock] = 1;
             return estimate(counts, rawLen);
         };
