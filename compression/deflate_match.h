@@ -40,6 +40,19 @@ constexpr int kMaxDistance = deflate::kWindowSize - 1;  // farthest a candidate 
 // The fast class's rolling hash h = ((h << 5) ^ byte) & 0x7FFF after the
 // three bytes from b on, and the other classes' table hash.
 inline int rollingHash(const Vek8u* b) { return ((b[0] << 10) ^ (b[1] << 5) ^ b[2]) & 0x7FFF; }
+// Whether the strings at a and b start with the same three bytes: one
+// 4-byte compare, where both have a fourth byte to read.  It settles
+// most candidates of the fast class sooner than a full compare would.
+inline bool firstThreeEqual(const Vek8u* a, const Vek8u* b) {
+    uint32_t x, y;
+    memcpy(&x, a, 4);
+    memcpy(&y, b, 4);
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+    return ((x ^ y) >> 8) == 0;
+#else
+    return ((x ^ y) << 8) == 0;
+#endif
+}
 inline int tableHash(const Vek8u* b) { return kHashTables[0][b[0]] ^ kHashTables[1][b[1]] ^ kHashTables[2][b[2]]; }
 
 // Puts position q, whose bytes start at b, at the head of its chain.
@@ -175,7 +188,9 @@ private:
     }
 
     // Fast: one candidate, the last position with the same rolling hash.
-    // Positions from base_ on are in the input, so the current bytes are
+    // Both strings have a fourth byte to read: the candidate lies before
+    // the current position, and the current one has the call's last two
+    // bytes beyond its longest match.  Positions from base_ on are in the input, so the current bytes are
     // addressed there directly.  The loop works on local copies of the
     // finder's fields: its stores to the head table (ints) could otherwise
     // alias them and force a reload after every store.
@@ -191,19 +206,26 @@ private:
         for (; p < end - 2 && space > 0; --space, out += 2) {
             const int room = end - p - 2, maxLen = room < deflate::kMaxMatch ? room : deflate::kMaxMatch;
             const Vek8u* cur = src + (p - base);
-            int& head = heads[rollingHash(cur)];
-            const int c = head;
-            head = p;
+            int hash = rollingHash(cur);
+            const int c = heads[hash];
+            heads[hash] = p;
             const int oldest = p - kMaxDistance > lowest ? p - kMaxDistance : lowest;
             int len = 0;
-            if (maxLen >= deflate::kMinMatch && c >= oldest && c < p)
-                len = matchLength(c < base ? history + (c - base) : src + (c - base), cur, maxLen);
+            if (maxLen >= deflate::kMinMatch && c >= oldest && c < p) {
+                const Vek8u* candidate = c < base ? history + (c - base) : src + (c - base);
+                if (firstThreeEqual(candidate, cur))
+                    len = deflate::kMinMatch + matchLength(candidate + deflate::kMinMatch, cur + deflate::kMinMatch,
+                                                           maxLen - deflate::kMinMatch);
+            }
             if (len >= deflate::kMinMatch) {
                 out[0] = static_cast<Vek16u>(len);
                 out[1] = static_cast<Vek16u>(p - c);
                 ++litLenCounts[deflate::kFirstLengthSymbol + deflate::lengthCodeOf(len)];
                 ++distCounts[deflate::distanceCodeOf(p - c)];
-                for (int q = 1; q < len; ++q) heads[rollingHash(cur + q)] = p + q;
+                for (int q = 1; q < len; ++q) {  // the hash rolls on by the byte that enters it
+                    hash = ((hash << 5) ^ cur[q + 2]) & 0x7FFF;
+                    heads[hash] = p + q;
+                }
                 p += len;
             } else {
                 out[0] = *cur;
