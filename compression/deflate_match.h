@@ -121,7 +121,6 @@ private:
         const int value = src_[p - base_];
         emit(value, 0);
         ++s_.emittedLitLen[value];
-        ++s_.emittedDist[deflate::kDistSymbols];
     }
 
     struct Match {
@@ -231,7 +230,6 @@ private:
                 out[0] = *cur;
                 out[1] = 0;
                 ++litLenCounts[*cur];
-                ++distCounts[deflate::kDistSymbols];
                 ++p;
             }
         }

@@ -116,13 +116,15 @@ struct DeflateState {
     int linkedEnd = 0;     // positions below it are already in the hash tables
     // The symbol counts of the pairs the match finder wrote from
     // countedFrom to countedEnd, call after call (a call that writes
-    // anywhere else starts them again); literals count in emittedDist[30].
+    // anywhere else starts them again).  Literals are not counted in a
+    // distance slot: in a run of literals that one increment would wait on
+    // the last.
     // The whole-stream driver takes them (emittedCounts) instead of counting
     // its blocks again.
     const Vek16u* countedFrom = nullptr;
     const Vek16u* countedEnd = nullptr;
     Vek32u emittedLitLen[kLitLenSymbols];
-    Vek32u emittedDist[kDistSymbols + 1];
+    Vek32u emittedDist[kDistSymbols];
 
     Vek8u history[kHistorySize];
     Pair pairStorage[kPairCapacity];

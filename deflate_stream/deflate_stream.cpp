@@ -79,8 +79,8 @@ uint64_t entropyBits(const uint32_t* counts, int n) {
     return bits + 4 * kOneBit * uint64_t(used);  // about what sending a code length costs
 }
 
-// The symbol counts of a block's pairs: litLen[256] (end of block) is 1,
-// dist[30] counts the literals.
+// The symbol counts of a block's pairs: litLen[256] (end of block) is 1;
+// dist[30] is room for the literals countPairSymbols adds there.
 struct BlockCounts {
     uint32_t litLen[kLitLenCount] = {}, dist[kDistCount + 1] = {};
 };
@@ -273,7 +273,7 @@ private:
         const auto counted = [&] {
             if (const vek::deflate::DeflateState* s = emittedCounts(state_, pairs, count)) {
                 std::copy(s->emittedLitLen, s->emittedLitLen + kLitLenCount, counts.litLen);
-                std::copy(s->emittedDist, s->emittedDist + kDistCount + 1, counts.dist);
+                std::copy(s->emittedDist, s->emittedDist + kDistCount, counts.dist);
             } else {
                 countPairSymbols(pairs, count, counts.litLen, counts.dist);
             }
