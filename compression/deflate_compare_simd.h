@@ -33,20 +33,17 @@ inline int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen)
     return n;
 }
 
-// While the best so far is shorter than one compare, that compare settles
-// whether a candidate beats it: cheaper than a branch on two bytes that
-// goes either way from one candidate to the next.  Past that (long runs
-// such as zeros in binary data) the two bytes at the best length decide,
-// or most candidates would be compared far.
+// A candidate can beat the best so far only if it matches the two bytes
+// that end the best length: most candidates are turned away by one 2-byte
+// compare there, before any vector work.  The rest are measured, one
+// vector compare at a time.
 inline int lengthIfLonger(const Vek8u* candidate, const Vek8u* current, int maxLen, int best) {
-    if (best < kCompareBytes && maxLen >= kCompareBytes) {
-        if (const uint32_t differ = differing(candidate, current)) return __builtin_ctz(differ);
-        return kCompareBytes + matchLength(candidate + kCompareBytes, current + kCompareBytes, maxLen - kCompareBytes);
-    }
-    if (candidate[best] != current[best] || candidate[best - 1] != current[best - 1]) return best;
+    uint16_t candidateEnd, currentEnd;
+    memcpy(&candidateEnd, candidate + best - 1, 2);
+    memcpy(&currentEnd, current + best - 1, 2);
+    if (candidateEnd != currentEnd) return best;
     return matchLength(candidate, current, maxLen);
 }
-
 }  // namespace
 
 #endif
