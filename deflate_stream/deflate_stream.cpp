@@ -387,6 +387,22 @@ Result compressStream(const Options& options, const ReadFn& read, const WriteFn&
     });
 }
 
+Result compressInPlace(const Vek8u* data, size_t len, const Options& options, const WriteFn& write) {
+    // A slice shorter than a full one is the last, as a reader's first short
+    // read ends compressStream's input (an empty one when the length is a
+    // multiple of the slice).
+    const size_t sliceBytes = options.sliceBytes ? std::min<size_t>(options.sliceBytes, INT_MAX) : kInputSlice;
+    size_t taken = 0;
+    Encoder encoder(options, write);
+    return encoder.run([&](const Vek8u** slice, bool* last) {
+        const size_t n = std::min(len - taken, sliceBytes);
+        *slice = data + taken;
+        taken += n;
+        *last = n < sliceBytes;
+        return (long long)n;
+    });
+}
+
 std::vector<Vek8u> compressBuffer(const Vek8u* data, size_t len, const Options& options, Result* result) {
     // Slices of the caller's buffer itself, no copy; the output grows once
     // or twice at most.
