@@ -26,6 +26,34 @@ inline float roundToFloat(float x) {
 inline float roundToFloat(float x) { return x; }
 #endif
 
+// Double arithmetic for the plain level that rounds as SSE2 does.  While
+// one lives, the x87 unit rounds every result to 53 bits (its precision
+// control), so a double operation rounds once, as SSE2's does, instead of
+// to 64 bits and again on a store.  The exponent range stays the x87's,
+// which differs only for results beyond double's range.  Elsewhere it does
+// nothing.
+#if defined(__i386__) && !defined(__SSE2_MATH__)
+class DoubleRounding {
+public:
+    DoubleRounding() {
+        __asm__ __volatile__("fnstcw %0" : "=m"(saved_));
+        const unsigned short doublePrecision = static_cast<unsigned short>((saved_ & ~0x300u) | 0x200u);
+        __asm__ __volatile__("fldcw %0" : : "m"(doublePrecision) : "memory");
+    }
+    ~DoubleRounding() { __asm__ __volatile__("fldcw %0" : : "m"(saved_) : "memory"); }
+    DoubleRounding(const DoubleRounding&) = delete;
+    DoubleRounding& operator=(const DoubleRounding&) = delete;
+
+private:
+    unsigned short saved_;
+};
+#else
+class DoubleRounding {
+public:
+    DoubleRounding() {}  // user-provided: a guard variable is not "unused"
+};
+#endif
+
 inline float addF(float a, float b) { return roundToFloat(a + b); }
 inline float subF(float a, float b) { return roundToFloat(a - b); }
 inline float mulF(float a, float b) { return roundToFloat(a * b); }

@@ -1,4 +1,6 @@
-// Image type conversion kernels for the SSE2 and SSE4.1 levels.
+// Image type conversion kernels for the SIMD levels, written on the lane
+// words of core/simd_lanes.h so that each level runs them on its widest
+// vector (128 bits to SSE4.1, 256 with AVX2, 512 with AVX-512).
 //
 // Included by each SIMD level's translation unit inside that level's
 // namespace, after the intrinsics headers; everything here has internal
@@ -16,7 +18,7 @@
 // destination's range before rounding, which keeps every step exact and
 // gives the same result as rounding then saturating.
 //
-// A row is worked in blocks of 8 or 16 samples through forEachBlock
+// A row is worked in blocks of one to four vectors through forEachBlock
 // (core/simd_blocks.h), which takes the last, partial block through the
 // stack, so no access passes the caller's rows and every sample takes the
 // same path.
@@ -25,40 +27,17 @@
 
 #include "core/simd_blocks.h"
 #include "core/simd_vocabulary.h"
+#include "core/simd_lanes.h"
 
 namespace {
 
-// Four 32-bit lanes stored as integers or as (exact) floats.
-inline void store32(Vek32s* p, __m128i v) { store(p, v); }
-inline void store32(Vek32f* p, __m128i v) { store(p, _mm_cvtepi32_ps(v)); }
+using V = WideI;
+using F = WideF;
+constexpr size_t kLanes32 = sizeof(V) / 4;  // 32-bit lanes of a vector
 
-// ---- widening -----------------------------------------------------------------
-
-// The low and high four 16-bit lanes of x, extended to 32 bits.
-template <class S>
-inline __m128i widenLo16(__m128i x) {
-    if constexpr (std::is_signed_v<S>) {
-#ifdef __SSE4_1__
-        return _mm_cvtepi16_epi32(x);
-#else
-        return _mm_srai_epi32(_mm_unpacklo_epi16(x, x), 16);
-#endif
-    } else {
-        return _mm_unpacklo_epi16(x, _mm_setzero_si128());
-    }
-}
-template <class S>
-inline __m128i widenHi16(__m128i x) {
-    if constexpr (std::is_signed_v<S>) {
-#ifdef __SSE4_1__
-        return _mm_cvtepi16_epi32(_mm_srli_si128(x, 8));
-#else
-        return _mm_srai_epi32(_mm_unpackhi_epi16(x, x), 16);
-#endif
-    } else {
-        return _mm_unpackhi_epi16(x, _mm_setzero_si128());
-    }
-}
+// A vector of 32-bit lanes stored as integers or as (exact) floats.
+inline void store32(Vek32s* p, V v) { store(p, v); }
+inline void store32(Vek32f* p, V v) { store(p, toFloat(v)); }
 
 // ---- narrowing ---------------------------------------------------------------
 
@@ -68,12 +47,12 @@ inline bool mxcsrRoundsToNearest() { return (_mm_getcsr() & _MM_ROUND_MASK) == _
 // x rounded to nearest, ties to even; |x| < 2^17.  Nearest: the caller's
 // MXCSR rounds to nearest.
 template <bool Nearest>
-inline __m128i roundToInt(__m128 x) {
+inline V roundToInt(F x) {
     if constexpr (Nearest) {
-        return _mm_cvtps_epi32(x);
+        return convertToInt(x);
     } else {
 #ifdef __SSE4_1__
-        return _mm_cvttps_epi32(_mm_round_ps(x, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+        return truncateToInt(roundNearestF(x));
 #else
         const __m128i t = _mm_cvttps_epi32(x);                      // toward zero
         const __m128 fraction = _mm_sub_ps(x, _mm_cvtepi32_ps(t));  // exact, in (-1, 1)
@@ -92,20 +71,20 @@ inline __m128i roundToInt(__m128 x) {
 // x clamped to [0, hi] (NaN to 0: maxps gives its second operand when the
 // first is NaN), then rounded.
 template <bool Nearest>
-inline __m128i roundUnsigned(__m128 x, __m128 hi) {
-    return roundToInt<Nearest>(_mm_min_ps(_mm_max_ps(x, _mm_setzero_ps()), hi));
+inline V roundUnsigned(F x, F hi) {
+    return roundToInt<Nearest>(minF(maxF(x, zero<F>()), hi));
 }
 // x clamped to [-32768, 32767], NaN to 0, then rounded.
 template <bool Nearest>
-inline __m128i roundSigned16(__m128 x) {
-    const __m128 ordered = _mm_and_ps(x, _mm_cmpord_ps(x, x));
-    return roundToInt<Nearest>(_mm_min_ps(_mm_max_ps(ordered, _mm_set1_ps(-32768.0f)), _mm_set1_ps(32767.0f)));
+inline V roundSigned16(F x) {
+    const F ordered = select(cmpordF(x, x), x, zero<F>());
+    return roundToInt<Nearest>(minF(maxF(ordered, splat<F>(-32768.0f)), splat<F>(32767.0f)));
 }
 
-// Eight lanes of 0..65535 in two vectors of 32-bit lanes, packed to 16 bits.
-inline __m128i packUnsigned16(__m128i lo, __m128i hi) {
+// Lanes of 0..65535 in two vectors of 32-bit lanes, packed to 16 bits in order.
+inline V packUnsigned16(V lo, V hi) {
 #ifdef __SSE4_1__
-    return _mm_packus_epi32(lo, hi);
+    return packus32Ordered(lo, hi);
 #else
     const __m128i bias = _mm_set1_epi32(32768);
     const __m128i packed = _mm_packs_epi32(_mm_sub_epi32(lo, bias), _mm_sub_epi32(hi, bias));
@@ -113,65 +92,55 @@ inline __m128i packUnsigned16(__m128i lo, __m128i hi) {
 #endif
 }
 
-// Eight unsigned 16-bit lanes made at most 255.
-inline __m128i min255(__m128i x) {
+// Unsigned 16-bit lanes made at most 255.
+inline V min255(V x) {
 #ifdef __SSE4_1__
-    return _mm_min_epu16(x, _mm_set1_epi16(255));
+    return minU16(x, splat<V>(Vek16u(255)));
 #else
-    return _mm_subs_epu16(x, _mm_subs_epu16(x, _mm_set1_epi16(255)));
+    return subsU16(x, subsU16(x, splat<V>(Vek16u(255))));
 #endif
 }
 
 // ---- the blocks ------------------------------------------------------------------
 
+// Samples of a block: one vector's worth of the narrower type's bytes, or
+// two vectors of 32-bit lanes from 16 bits.
 template <class S, class D>
 constexpr size_t blockSamples() {
-    return sizeof(S) == 1 || sizeof(D) == 1 ? 16 : 8;
+    return sizeof(S) == 1 || sizeof(D) == 1 ? sizeof(V) : 2 * kLanes32;
 }
 
 // Converts blockSamples<S, D>() samples.  Nearest: see roundToInt.
 template <class S, class D, bool Nearest>
 inline void convertBlock(const S* s, D* d) {
-    const __m128i zero = _mm_setzero_si128();
-    if constexpr (sizeof(S) == 1) {  // 8u to 16 or 32 bits
-        const __m128i x = load128i(s);
-        const __m128i lo = _mm_unpacklo_epi8(x, zero), hi = _mm_unpackhi_epi8(x, zero);
-        if constexpr (sizeof(D) == 2) {
-            store(d, lo);
-            store(d + 8, hi);
-        } else {
-            store32(d, _mm_unpacklo_epi16(lo, zero));
-            store32(d + 4, _mm_unpackhi_epi16(lo, zero));
-            store32(d + 8, _mm_unpacklo_epi16(hi, zero));
-            store32(d + 12, _mm_unpackhi_epi16(hi, zero));
-        }
-    } else if constexpr (sizeof(S) == 2 && sizeof(D) == 4) {  // 16 to 32 bits
-        const __m128i x = load128i(s);
-        store32(d, widenLo16<S>(x));
-        store32(d + 4, widenHi16<S>(x));
-    } else if constexpr (sizeof(D) == 1) {  // to 8u: packus saturates signed 16-bit lanes
-        __m128i lo, hi;                     // samples 0..7 and 8..15 as signed 16-bit lanes
+    constexpr size_t W = sizeof(V) / sizeof(D);        // destination samples a vector
+    if constexpr (sizeof(S) == 1 && sizeof(D) == 2) {  // 8u to 16 bits
+        store(d, loadExtend<V, S, Vek16u>(s));
+        store(d + W, loadExtend<V, S, Vek16u>(s + W));
+    } else if constexpr (sizeof(S) < sizeof(D)) {  // to 32 bits
+        for (size_t k = 0; k < blockSamples<S, D>() / W; ++k) store32(d + k * W, loadExtend<V, S, Vek32s>(s + k * W));
+    } else if constexpr (sizeof(D) == 1) {   // to 8u: packus saturates signed 16-bit lanes
+        constexpr size_t H = sizeof(V) / 2;  // 16-bit samples a vector
         if constexpr (std::is_same_v<S, Vek16s>) {
-            lo = load128i(s), hi = load128i(s + 8);
+            store(d, packus16Ordered(loadAs<V>(s), loadAs<V>(s + H)));
         } else if constexpr (std::is_same_v<S, Vek16u>) {
-            lo = min255(load128i(s)), hi = min255(load128i(s + 8));
-        } else if constexpr (std::is_same_v<S, Vek32s>) {
-            lo = _mm_packs_epi32(load128i(s), load128i(s + 4));
-            hi = _mm_packs_epi32(load128i(s + 8), load128i(s + 12));
-        } else {
-            const __m128 limit = _mm_set1_ps(255.0f);
-            auto round4 = [limit](const Vek32f* p) { return roundUnsigned<Nearest>(load128f(p), limit); };
-            lo = _mm_packs_epi32(round4(s), round4(s + 4));
-            hi = _mm_packs_epi32(round4(s + 8), round4(s + 12));
+            store(d, packus16Ordered(min255(loadAs<V>(s)), min255(loadAs<V>(s + H))));
+        } else {  // from 32 bits: two rounds of packs inside the lanes, then one reorder
+            V q[4];
+            for (size_t k = 0; k < 4; ++k) {
+                if constexpr (std::is_same_v<S, Vek32s>)
+                    q[k] = loadAs<V>(s + k * kLanes32);
+                else
+                    q[k] = roundUnsigned<Nearest>(loadAs<F>(s + k * kLanes32), splat<F>(255.0f));
+            }
+            store(d, orderAfterPack4(packus16(packs32(q[0], q[1]), packs32(q[2], q[3]))));
         }
-        store(d, _mm_packus_epi16(lo, hi));
     } else if constexpr (std::is_same_v<D, Vek16s>) {  // 32f to 16s
-        auto round4 = [](const Vek32f* p) { return roundSigned16<Nearest>(load128f(p)); };
-        store(d, _mm_packs_epi32(round4(s), round4(s + 4)));
+        store(d, packs32Ordered(roundSigned16<Nearest>(loadAs<F>(s)), roundSigned16<Nearest>(loadAs<F>(s + W / 2))));
     } else {  // 32f to 16u
-        const __m128 limit = _mm_set1_ps(65535.0f);
-        auto round4 = [limit](const Vek32f* p) { return roundUnsigned<Nearest>(load128f(p), limit); };
-        store(d, packUnsigned16(round4(s), round4(s + 4)));
+        const F limit = splat<F>(65535.0f);
+        store(d, packUnsigned16(roundUnsigned<Nearest>(loadAs<F>(s), limit),
+                                roundUnsigned<Nearest>(loadAs<F>(s + W / 2), limit)));
     }
 }
 

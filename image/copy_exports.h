@@ -63,9 +63,8 @@
         return interleavedToPlanar(pSrc, srcStep, pDst, dstStep, roi);                                         \
     }
 
-#define VEK_IMAGE_PLANAR_INT_MEMBERS                          \
-    VEK_IMAGE_PLANAR_TO_INTERLEAVED(vekiCopy_8u_P3C3R, Vek8u) \
-    VEK_IMAGE_PLANAR_TO_INTERLEAVED(vekiCopy_16s_P3C3R, Vek16s)
+#define VEK_IMAGE_PLANAR_8U_MEMBER  VEK_IMAGE_PLANAR_TO_INTERLEAVED(vekiCopy_8u_P3C3R, Vek8u)
+#define VEK_IMAGE_PLANAR_16S_MEMBER VEK_IMAGE_PLANAR_TO_INTERLEAVED(vekiCopy_16s_P3C3R, Vek16s)
 
 #define VEK_IMAGE_SWAP_MEMBERS                                                                                         \
     VekStatus VEK_CALL vekiSwapChannels_8u_C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep, VekiSize roi, \
@@ -84,9 +83,10 @@
 #define VEK_IMAGE_MIRROR_16_C3_MEMBERS                                   \
     VEK_IMAGE_MIRROR(vekiMirror_16u_C3R, vekiMirror_16u_C3IR, Vek16u, 3) \
     VEK_IMAGE_MIRROR(vekiMirror_16s_C3R, vekiMirror_16s_C3IR, Vek16s, 3)
-#define VEK_IMAGE_MIRROR_32_MEMBERS                                      \
+#define VEK_IMAGE_MIRROR_32_C1_MEMBERS                                   \
     VEK_IMAGE_MIRROR(vekiMirror_32s_C1R, vekiMirror_32s_C1IR, Vek32s, 1) \
-    VEK_IMAGE_MIRROR(vekiMirror_32f_C1R, vekiMirror_32f_C1IR, Vek32f, 1) \
+    VEK_IMAGE_MIRROR(vekiMirror_32f_C1R, vekiMirror_32f_C1IR, Vek32f, 1)
+#define VEK_IMAGE_MIRROR_32_C3_MEMBERS                                   \
     VEK_IMAGE_MIRROR(vekiMirror_32s_C3R, vekiMirror_32s_C3IR, Vek32s, 3) \
     VEK_IMAGE_MIRROR(vekiMirror_32f_C3R, vekiMirror_32f_C3IR, Vek32f, 3)
 

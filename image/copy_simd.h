@@ -1,4 +1,4 @@
-// Vector kernels of the image copy family for the SSE levels.
+// Vector kernels of the image copy family for the SIMD levels.
 //
 // Included by each SIMD level's translation unit inside that level's
 // namespace, after <immintrin.h> and image/copy_rows.h, whose Vec... and
@@ -9,13 +9,19 @@
 //   SSE2   16-bit word shuffles (PSHUFLW/PSHUFHW/PSHUFD): 8- and 16-bit
 //          mirrors of one channel; masked stores for AC4 and C3C; fills;
 //   SSSE3  byte shuffles (PSHUFB): three-channel 8- and 16-bit mirrors,
-//          channel swaps, planar 8u and 16s copies.
+//          channel swaps, planar 8u and 16s copies;
+//   AVX2, AVX-512  the fills and masked copies on the level's widest vector
+//          (core/simd_lanes.h), and one-channel mirrors that reverse a
+//          whole wide register (a reversal inside each 128-bit lane, then
+//          of the lanes; 16- and 32-bit elements at 512 bits in one
+//          VPERMW/VPERMD).
 // The permutations are described by index maps (output position -> input
 // position) from which the shuffle controls are computed at compile time.
 #ifndef VEK_IMAGE_COPY_SIMD_H
 #define VEK_IMAGE_COPY_SIMD_H
 
 #include "core/simd_vocabulary.h"
+#include "core/simd_lanes.h"
 
 namespace {
 
@@ -144,10 +150,12 @@ struct LaneReverse {
         for (int k = 0; k < K; ++k) store(static_cast<float*>(p) + 4 * k, out[k]);
     }
 };
+#ifndef __AVX2__
 template <>
 struct RevBlock<4, 1> : LaneReverse<1> {};
 template <>
 struct RevBlock<4, 3> : LaneReverse<3> {};
+#endif
 
 #ifdef __SSE2__
 // One register of 8- or 16-bit samples of one channel, reversed with word
@@ -223,14 +231,18 @@ struct PairReverse16C3 {
         store(d + 32, _mm_or_si128(_mm_srli_si128(b.pair[2], 8), _mm_slli_si128(b.pair[3], 4)));
     }
 };
+#    ifndef __AVX2__
 template <>
 struct RevBlock<1, 1> : ByteReverse<1, 1> {};
 template <>
 struct RevBlock<2, 1> : ByteReverse<2, 1> {};
+#    endif
 template <>
 struct RevBlock<1, 3> : ByteReverse<1, 3> {};
+#    ifndef __AVX512BW__
 template <>
 struct RevBlock<2, 3> : PairReverse16C3 {};
+#    endif
 #elif defined(__SSE2__)
 template <>
 struct RevBlock<1, 1> : WordReverse<1> {};
@@ -238,19 +250,70 @@ template <>
 struct RevBlock<2, 1> : WordReverse<2> {};
 #endif
 
-// ---- fills and masked copies (SSE2) ---------------------------------------------------
+#ifdef __AVX2__
+// One-channel samples of S bytes, a whole register of them reversed.
+template <int S>
+inline __m256i reversed(__m256i v) {
+    if constexpr (S == 4) return _mm256_permutevar8x32_epi32(v, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
+    const __m256i inLane = S == 1 ? _mm256_setr_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0, 15, 14, 13,
+                                                     12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0)
+                                  : _mm256_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1, 14, 15, 12,
+                                                     13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1);
+    return _mm256_permute4x64_epi64(_mm256_shuffle_epi8(v, inLane), 0x4E);
+}
+#    if defined(__AVX512F__) && defined(__AVX512BW__)
+template <int S>
+inline __m512i reversed(__m512i v) {
+    if constexpr (S == 4)
+        return _mm512_permutexvar_epi32(_mm512_setr_epi32(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0), v);
+    if constexpr (S == 2)
+        return _mm512_permutexvar_epi16(_mm512_set_epi16(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17,
+                                                         18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31),
+                                        v);
+    // Bytes: no byte permutation across lanes below VBMI, so reverse inside
+    // the lanes, then the lanes.
+    const __m512i inLane = _mm512_broadcast_i32x4(_mm_setr_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0));
+    const __m512i bytes = _mm512_shuffle_epi8(v, inLane);
+    return _mm512_shuffle_i64x2(bytes, bytes, _MM_SHUFFLE(0, 1, 2, 3));
+}
+#    endif
+
+template <int S>
+struct WideReverse {
+    static constexpr int kPixels = sizeof(WideI) / S;
+    struct Block {
+        WideI v;
+    };
+    static Block load(const void* p) { return {loadAs<WideI>(p)}; }
+    static void storeReversed(void* p, const Block& b) { store(p, reversed<S>(b.v)); }
+};
+template <>
+struct RevBlock<1, 1> : WideReverse<1> {};
+template <>
+struct RevBlock<2, 1> : WideReverse<2> {};
+template <>
+struct RevBlock<4, 1> : WideReverse<4> {};
+#endif
+
+// ---- fills and masked copies (SSE2 and wider) ---------------------------------------------------
 #ifdef __SSE2__
 // The last vector may overlap the one before: it writes the same value.
+// Rows shorter than the widest vector take 16-byte ones.
 template <int S>
 struct WideFill {
-    template <class T>
-    static int run(T* d, int n, T v) {
-        constexpr int W = 16 / S;
+    template <class V, class T>
+    static int fill(T* d, int n, T v) {
+        constexpr int W = sizeof(V) / S;
         if (n < W) return 0;
-        const auto x = broadcast128(v);
+        const V x = splat<V>(v);
         for (int i = 0; i + W <= n; i += W) store(d + i, x);
         store(d + n - W, x);
         return n;
+    }
+    template <class T>
+    static int run(T* d, int n, T v) {
+        const int done = fill<WideI>(d, n, v);
+        return done > 0 || sizeof(WideI) == 16 ? done : fill<__m128i>(d, n, v);
     }
 };
 template <>
@@ -258,22 +321,30 @@ struct VecFill<2> : WideFill<2> {};
 template <>
 struct VecFill<4> : WideFill<4> {};
 
-// Blocks of 48 bytes (16 pixels) inside the 3n - 2 bytes the row spans, so
-// no byte after the last written one is read or rewritten.
+// Blocks of three vectors (16 pixels a 16-byte vector) inside the 3n - 2
+// bytes the row spans, so no byte after the last written one is read or
+// rewritten: wide blocks first, then 16-byte ones.
+template <class V>
+int64_t fillEveryThirdBlocks(Vek8u* d, int64_t o, int64_t span, Vek8u v) {
+    constexpr int kBlock = 3 * sizeof(V);
+    alignas(64) unsigned char mask[kBlock];
+    for (int b = 0; b < kBlock; ++b) mask[b] = b % 3 == 0 ? 0xFF : 0;
+    const V value = splat<V>(v);
+    const auto m0 = byteMask(loadAs<V>(mask));
+    const decltype(m0) m[3] = {m0, byteMask(loadAs<V>(mask + kBlock / 3)), byteMask(loadAs<V>(mask + 2 * kBlock / 3))};
+    for (; o + kBlock <= span; o += kBlock)
+        for (int k = 0; k < 3; ++k) {
+            Vek8u* p = d + o + k * kBlock / 3;
+            store(p, select(m[k], value, loadAs<V>(p)));
+        }
+    return o;
+}
 template <>
 struct VecFillEveryThird<Vek8u> {
     static int run(Vek8u* d, int n, Vek8u v) {
-        alignas(16) unsigned char mask[48];
-        for (int b = 0; b < 48; ++b) mask[b] = b % 3 == 0 ? 0xFF : 0;
-        const __m128i value = broadcast128(v);
-        const __m128i m[3] = {loadAligned128i(mask), loadAligned128i(mask + 16), loadAligned128i(mask + 32)};
         const int64_t span = 3 * int64_t(n) - 2;
-        int64_t o = 0;
-        for (; o + 48 <= span; o += 48)
-            for (int k = 0; k < 3; ++k) {
-                Vek8u* p = d + o + 16 * k;
-                store(p, select(m[k], value, load128i(p)));
-            }
+        int64_t o = fillEveryThirdBlocks<WideI>(d, 0, span, v);
+        if constexpr (sizeof(WideI) > 16) o = fillEveryThirdBlocks<__m128i>(d, o, span, v);
         return static_cast<int>(o / 3);
     }
 };
@@ -282,10 +353,11 @@ struct VecFillEveryThird<Vek8u> {
 template <>
 struct VecCopyAC4<Vek8u> {
     static int run(const Vek8u* s, Vek8u* d, int n) {
-        const __m128i colour = _mm_set1_epi32(0x00FFFFFF);
+        constexpr int kPixels = sizeof(WideI) / 4;
+        const auto colour = byteMask(splat<WideI>(Vek32s(0x00FFFFFF)));
         int x = 0;
-        for (; x + 4 <= n; x += 4) {
-            store(d + 4 * x, select(colour, load128i(s + 4 * x), load128i(d + 4 * x)));
+        for (; x + kPixels <= n; x += kPixels) {
+            store(d + 4 * x, select(colour, loadAs<WideI>(s + 4 * x), loadAs<WideI>(d + 4 * x)));
         }
         return x;
     }
@@ -336,6 +408,7 @@ struct VecSwap3<Vek8u> {
 alignas(16) constexpr signed char kRowEndMain[16] = {12, 13, 14, 15, 4, 5, 6, 7, 8, 9, -128, -128, 0, 1, 2, 3};
 alignas(16) constexpr signed char kRowEndFirst[16] = {-128, -128, -128, -128, -128, -128, -128, -128,
                                                       -128, -128, 0,    1,    -128, -128, -128, -128};
+#    ifndef __AVX512BW__
 template <>
 struct RevOverlap<2, 3> {
     static constexpr int kPixels = 2;
@@ -365,28 +438,30 @@ struct RevOverlap<2, 3> {
         return n;
     }
 };
+#    endif
 #endif
 
 // ---- planar and interleaved rows ------------------------------------------------------------
 
-// Pixels before the first whose three-channel destination is 16-byte
-// aligned, or -1 if none (a destination not aligned to its sample size).
-template <int S>
+// Pixels before the first whose three-channel destination is aligned to
+// the vector, or -1 if none (a destination not aligned to its sample size).
+template <int S, int VectorBytes>
 int pixelsToAlignment(const void* d) {
-    for (int h = 0; h < 16 / S; ++h)
-        if ((reinterpret_cast<uintptr_t>(d) + 3 * S * h) % 16 == 0) return h;
+    for (int h = 0; h < VectorBytes / S; ++h)
+        if ((reinterpret_cast<uintptr_t>(d) + 3 * S * h) % VectorBytes == 0) return h;
     return -1;
 }
 
-// Drives a kernel over blocks of 16 / S pixels.  When streaming, a short
-// scalar head reaches an aligned destination and the stores bypass the
-// cache (then a fence orders them before whatever the caller does next).
-template <int S, class Block, class T>
+// Drives a kernel over blocks of one vector's worth of pixels of each
+// plane.  When streaming, a short scalar head reaches an aligned
+// destination and the stores bypass the cache (then a fence orders them
+// before whatever the caller does next).
+template <int S, int VectorBytes, class Block, class T>
 int interleaveBlocks(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
-    constexpr int P = 16 / S;
+    constexpr int P = VectorBytes / S;
     int x = 0;
     if (stream) {
-        const int head = pixelsToAlignment<S>(d);
+        const int head = pixelsToAlignment<S, VectorBytes>(d);
         if (head >= 0 && head + P <= n) {
             for (; x < head; ++x) d[3 * x] = a[x], d[3 * x + 1] = b[x], d[3 * x + 2] = c[x];
             for (; x + P <= n; x += P) Block::run(a + x, b + x, c + x, d + 3 * x, std::true_type());
@@ -407,11 +482,12 @@ struct InterleaveLaneBlock {
         for (int k = 0; k < 3; ++k) storeOrStream(d + 4 * k, out[k], nt);
     }
 };
+#ifndef __AVX2__
 template <>
 struct VecInterleave3<4> {
     template <class T>
     static int run(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
-        return interleaveBlocks<4, InterleaveLaneBlock>(a, b, c, d, n, stream);
+        return interleaveBlocks<4, 16, InterleaveLaneBlock>(a, b, c, d, n, stream);
     }
 };
 template <>
@@ -430,6 +506,7 @@ struct VecDeinterleave3<4> {
         return x;
     }
 };
+#endif
 
 #ifdef __SSSE3__
 template <int S>
@@ -446,13 +523,160 @@ template <int S>
 struct ByteInterleave {
     template <class T>
     static int run(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
-        return interleaveBlocks<S, InterleaveByteBlock<S>>(a, b, c, d, n, stream);
+        return interleaveBlocks<S, 16, InterleaveByteBlock<S>>(a, b, c, d, n, stream);
     }
 };
 template <>
 struct VecInterleave3<1> : ByteInterleave<1> {};
+#    ifndef __AVX512BW__
 template <>
 struct VecInterleave3<2> : ByteInterleave<2> {};
+#    endif
+#endif
+
+// ---- wide registers: element permutations ----------------------------------------------
+#ifdef __AVX2__
+constexpr int kWideBytes = static_cast<int>(sizeof(WideI));
+
+// Elements of E bytes across a wide register by an index vector: 32-bit
+// elements from AVX2 (VPERMD), 16-bit ones at 512 bits (VPERMW, BW).
+inline __m256i permuteElements(std::integral_constant<int, 4>, __m256i v, __m256i index) {
+    return _mm256_permutevar8x32_epi32(v, index);
+}
+inline __m256i elementSelector(std::integral_constant<int, 4>, __m256i m) { return m; }
+#    if defined(__AVX512F__) && defined(__AVX512BW__)
+inline __m512i permuteElements(std::integral_constant<int, 4>, __m512i v, __m512i index) {
+    return _mm512_permutexvar_epi32(index, v);
+}
+inline __m512i permuteElements(std::integral_constant<int, 2>, __m512i v, __m512i index) {
+    return _mm512_permutexvar_epi16(index, v);
+}
+inline __mmask16 elementSelector(std::integral_constant<int, 4>, __m512i m) { return _mm512_movepi32_mask(m); }
+inline __mmask32 elementSelector(std::integral_constant<int, 2>, __m512i m) { return _mm512_movepi16_mask(m); }
+#    endif
+
+// Any permutation (Map, counted in elements of E bytes) of K wide
+// registers: output register j is a blend, over the input registers that
+// feed it, of one permutation of each.  The indices and blend masks are
+// computed at compile time.
+template <class Map, int K, int E>
+struct ElementPermute {
+    static constexpr int L = kWideBytes / E;
+    using Element = std::conditional_t<E == 4, int32_t, int16_t>;
+    struct Controls {
+        alignas(64) Element index[K][K][L];
+        alignas(64) Element from[K][K][L];  // -1 where output j takes input k
+        bool used[K][K];
+    };
+    static constexpr Controls make() {
+        Controls r{};
+        for (int j = 0; j < K; ++j)
+            for (int k = 0; k < K; ++k)
+                for (int e = 0; e < L; ++e) {
+                    const int s = Map::src(L * j + e);
+                    const bool here = s / L == k;
+                    r.index[j][k][e] = static_cast<Element>(here ? s % L : 0);
+                    r.from[j][k][e] = static_cast<Element>(here ? -1 : 0);
+                    r.used[j][k] = r.used[j][k] || here;
+                }
+        return r;
+    }
+    static constexpr Controls kControls = make();
+    using Size = std::integral_constant<int, E>;
+
+    template <int J, size_t... I>
+    static WideI outRegister(const WideI* in, std::index_sequence<I...>) {
+        WideI acc = zero<WideI>();
+        ((acc = kControls.used[J][I] ? select(elementSelector(Size(), loadAs<WideI>(kControls.from[J][I])),
+                                              permuteElements(Size(), in[I], loadAs<WideI>(kControls.index[J][I])), acc)
+                                     : acc),
+         ...);
+        return acc;
+    }
+    template <size_t... J>
+    static void apply(const WideI* in, WideI* out, std::index_sequence<J...>) {
+        ((out[J] = outRegister<J>(in, std::make_index_sequence<K>())), ...);
+    }
+    static void apply(const WideI* in, WideI* out) { apply(in, out, std::make_index_sequence<K>()); }
+};
+
+// Three-channel pixels of S-byte samples, three registers of them reversed.
+template <int S>
+struct WideReverse3 {
+    static constexpr int L = kWideBytes / S;
+    static constexpr int kPixels = L;
+    struct Block {
+        WideI v[3];
+    };
+    static Block load(const void* p) {
+        const auto* b = static_cast<const unsigned char*>(p);
+        return {{loadAs<WideI>(b), loadAs<WideI>(b + sizeof(WideI)), loadAs<WideI>(b + 2 * sizeof(WideI))}};
+    }
+    static void storeReversed(void* p, const Block& b) {
+        WideI out[3];
+        ElementPermute<ReversePixels<3, L, 3>, 3, S>::apply(b.v, out);
+        auto* d = static_cast<unsigned char*>(p);
+        for (int k = 0; k < 3; ++k) store(d + k * sizeof(WideI), out[k]);
+    }
+};
+
+// Planar rows of S-byte samples into three-channel pixels and back.
+template <int L>
+struct InterleaveElements {
+    static constexpr int src(int q) { return (q % 3) * L + q / 3; }
+};
+template <int L>
+struct DeinterleaveElements {
+    static constexpr int src(int q) { return 3 * (q % L) + q / L; }
+};
+template <int S>
+struct WideInterleaveBlock {
+    template <class T, class Streaming>
+    static void run(const T* a, const T* b, const T* c, T* d, Streaming nt) {
+        const WideI in[3] = {loadAs<WideI>(a), loadAs<WideI>(b), loadAs<WideI>(c)};
+        WideI out[3];
+        ElementPermute<InterleaveElements<kWideBytes / S>, 3, S>::apply(in, out);
+        for (int k = 0; k < 3; ++k) storeOrStream(reinterpret_cast<unsigned char*>(d) + k * sizeof(WideI), out[k], nt);
+    }
+};
+template <int S>
+struct WideInterleave {
+    template <class T>
+    static int run(const T* a, const T* b, const T* c, T* d, int n, bool stream) {
+        return interleaveBlocks<S, kWideBytes, WideInterleaveBlock<S>>(a, b, c, d, n, stream);
+    }
+};
+template <int S>
+struct WideDeinterleave {
+    template <class T>
+    static int run(const T* s, T* a, T* b, T* c, int n) {
+        constexpr int P = kWideBytes / S;
+        int x = 0;
+        for (; x + P <= n; x += P) {
+            const WideI in[3] = {loadAs<WideI>(s + 3 * x), loadAs<WideI>(s + 3 * x + P),
+                                 loadAs<WideI>(s + 3 * x + 2 * P)};
+            WideI out[3];
+            ElementPermute<DeinterleaveElements<P>, 3, S>::apply(in, out);
+            store(a + x, out[0]);
+            store(b + x, out[1]);
+            store(c + x, out[2]);
+        }
+        return x;
+    }
+};
+
+template <>
+struct RevBlock<4, 3> : WideReverse3<4> {};
+template <>
+struct VecInterleave3<4> : WideInterleave<4> {};
+template <>
+struct VecDeinterleave3<4> : WideDeinterleave<4> {};
+#    ifdef __AVX512BW__
+template <>
+struct RevBlock<2, 3> : WideReverse3<2> {};
+template <>
+struct VecInterleave3<2> : WideInterleave<2> {};
+#    endif
 #endif
 
 }  // namespace

@@ -18,5 +18,6 @@ namespace vek::sse {
 #include "image/copy_simd.h"
 
 VEK_IMAGE_PLANAR_32F_MEMBERS
-VEK_IMAGE_MIRROR_32_MEMBERS
+VEK_IMAGE_MIRROR_32_C1_MEMBERS
+VEK_IMAGE_MIRROR_32_C3_MEMBERS
 }  // namespace vek::sse

@@ -814,19 +814,460 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, V
  * JPEG: DCT, quantisation and level shift
  * 8x8 blocks transformed, quantised and level-shifted in both directions.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* A coefficient block is 64 Vek16s in natural (row-major) order, element 0
+ * the DC coefficient; blocks passed without a step are such contiguous
+ * blocks.  Sample blocks are 8 x 8 with a row step in bytes.  Coefficients
+ * are those of the T.81 DCT:
+ *   F(u,v) = 1/4 C(u) C(v) sum f(x,y) cos((2x+1)u pi/16) cos((2y+1)v pi/16).
+ *
+ * The integer transforms (8-bit path) use the Loeffler-Ligtenberg-Moschytz
+ * factorisation in 32-bit fixed point, two passes with 16-bit intermediates
+ * carrying 3 fractional bits.  Every sum is formed modulo 2^32 and every
+ * pass output is stored to 16 bits by truncation (two's-complement wrap, no
+ * saturation): inputs whose coefficients or intermediates leave the 16-bit
+ * range (possible for 16-bit inputs, not for 8-bit samples or coefficients
+ * of 8-bit data) give wrapped, meaningless but reproducible results, the
+ * same at every level.  "round" below means (sum + 2^(n-1)) >> n, shifts
+ * arithmetic.
+ *
+ * Forward, pass 1 over the rows, pass 2 over the columns, on x0..x7:
+ *   s07 = x0 + x7, d07 = x0 - x7 (and likewise s16, d16, s25, d25, s34, d34);
+ *   even: e0 = s07 + s34, e3 = s07 - s34, e1 = s16 + s25, e2 = s16 - s25;
+ *     X0 = e0 + e1, X4 = e0 - e1: times 8 in pass 1, round 6 in pass 2;
+ *     z = 17734 (e2 + e3); X2 = z + 25080 e3; X6 = z - 60547 e2;
+ *   odd: u = round12(46341 d16), v = round12(46341 d25) (sqrt 2, both
+ *     passes); g = 8 d07 + 8 d34, h = 8 d07 - 8 d34;
+ *     a = g + u, b' = g - u, b = h + v, a'' = v - h;
+ *     z = 3406 (a + b): X1 = z - 1130 b, X7 = z - 5681 a;
+ *     z = 799 (a'' + b'): X5 = z + 3218 b', X3 = z - 4816 a'';
+ *   X2, X6 and X1..X7 odd round 12 in pass 1, round 21 in pass 2.
+ * Against a double-precision DCT rounded half up, over random 8-bit
+ * samples: peak error 1, per-coefficient mean square error at most 0.03,
+ * overall mean error at most 0.005; coefficients of even row and even
+ * column are exact (a flat block of s gives DC 8 s and no AC).
+ * Inverse, pass 1 over the columns, pass 2 over the rows, the transpose of
+ * the forward flow with 15-bit constants:
+ *   even: z = 17734 (X2 + X6); t13 = z + 25080 X2; t12 = z - 60547 X6;
+ *     e0 = 32768 (X0 + X4), e1 = 32768 (X0 - X4);
+ *     E07 = e0 + t13, E34 = e0 - t13, E16 = e1 + t12, E25 = e1 - t12;
+ *   odd: z = 27246 (X1 + X7): a = z - 45451 X7, b = z - 9041 X1;
+ *     z = 6393 (X3 + X5): b' = z + 25746 X5, a'' = z - 38531 X3;
+ *     g = a + b', u = a - b', h = b - a'', v = b + a'';
+ *     O07 = g + h, O34 = g - h, O16 = 5793 round12(u), O25 = 5793 round12(v);
+ *   x0 = E07 + O07, x7 = E07 - O07, x1 = E16 + O16, x6 = E16 - O16, ...;
+ *   outputs round 12 in pass 1, round 21 in pass 2.
+ * It meets the IEEE 1180-1990 accuracy test; a DC-only block D gives
+ * floor((D + 4) / 8) everywhere.
+ *
+ * Checks of the stepped DCTs: pSrc or pDst null -> StatusNullPointer; the
+ * step < 1 -> StatusStep.  The fused functions with a step check the
+ * table after these (null -> StatusNullPointer); those without a step, and
+ * the quantisers, return StatusNullPointer for any null pointer.  Nothing
+ * is written on failure.  A block and its destination must not overlap,
+ * except in the _I (in place) forms. */
+VEK_API VekStatus VEK_CALL vekiDCT8x8Fwd_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDst);
+/* Samples 0..255 without level shift: a flat block of s gives DC 8 s. */
+VEK_API VekStatus VEK_CALL vekiDCT8x8Fwd_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst);
+/* The 16-bit results as they are (no clamp). */
+VEK_API VekStatus VEK_CALL vekiDCT8x8Inv_16s_C1R(const Vek16s* pSrc, Vek16s* pDst, int dstStep);
+/* Each result clamped to 0..255 (no level shift). */
+VEK_API VekStatus VEK_CALL vekiDCT8x8Inv_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep);
+/* v = result + addValue (in 32 bits); v < clipMin gives clipMin, else
+ * v > clipMax gives clipMax, else v.  With clipMin > clipMax a sample is
+ * clipMin where v is below clipMin and clipMax where it is not. */
+VEK_API VekStatus VEK_CALL vekiDCT8x8InvLSClip_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep, Vek16s addValue,
+                                                         Vek8u clipMin, Vek8u clipMax);
+
+/* Quality scaling of a raw table (64 bytes in zig-zag order, as in a DQT
+ * segment) in place.  quality < 50: scale = 5000 / quality, else scale =
+ * 200 - 2 quality (worked in 64 bits, so every int quality is accepted);
+ * each entry becomes t = (entry scale + 50) / 100 (truncating), clamped to
+ * 1..255.  Quality 50 keeps the table (a zero entry still becomes 1),
+ * quality 100 and above gives all ones.
+ * Checks: null table -> StatusNullPointer; quality < 1 -> StatusBadArgument. */
+VEK_API VekStatus VEK_CALL vekiQuantFwdRawTableInit_JPEG_8u(Vek8u* pQuantRawTable, int quality);
+/* The forward table: the raw table put in natural order (entry i of the
+ * result is raw entry zigzag[i]), each q replaced by 32768 / q rounded to
+ * nearest, halves to even, computed as Q = floor(2^31 / q),
+ * r = (Q + 32767 + 2 b) >> 16 with b bit 16 of Q (so an odd integer part
+ * with a fraction of exactly 32767/65536 also rounds up).  q = 1 gives
+ * 32768, q = 255 gives 129.  A zero q gives 65535; the whole table is
+ * filled and the function returns StatusDivisorZero (a warning).
+ * Checks: either pointer null -> StatusNullPointer. */
+VEK_API VekStatus VEK_CALL vekiQuantFwdTableInit_JPEG_8u16u(const Vek8u* pQuantRawTable, Vek16u* pQuantFwdTable);
+/* The inverse table: the raw table widened and put in natural order. */
+VEK_API VekStatus VEK_CALL vekiQuantInvTableInit_JPEG_8u16u(const Vek8u* pQuantRawTable, Vek16u* pQuantInvTable);
+/* Quantisation in place: p = table[i] (unsigned) * coef[i] in 32 bits;
+ * coef[i] = p / 32768 rounded to nearest, halves to even, saturated to
+ * -32768..32767. */
+VEK_API VekStatus VEK_CALL vekiQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantFwdTable);
+/* Dequantisation in place: coef[i] * table[i], the table read as signed
+ * 16-bit, saturated to -32768..32767. */
+VEK_API VekStatus VEK_CALL vekiQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantInvTable);
+/* Forward DCT of a contiguous block, then quantisation. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,
+                                                          const Vek16u* pQuantFwdTable);
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantFwdTable);
+/* sample - 128, forward DCT, quantisation: an encoder's block. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst,
+                                                               const Vek16u* pQuantFwdTable);
+/* The 12-bit path in single precision: sample - 2048.0, the
+ * Arai-Agui-Nakajima scaled DCT over the rows then the columns, each output
+ * times the post-scale 1 / (8 a_u a_v) (a_0 = 1, a_k = sqrt(2) cos(k pi/16):
+ * 0.125 at DC, 0.0901199803 at (0,1), 0.0956708565 at (0,2)), then times
+ * the table, then rounded to nearest, halves to even, saturated to 16 bits
+ * (NaN gives 0).  One 1-D pass, every operation a float operation in this
+ * order (no fused multiply-add):
+ *   t0 = x0 + x7, t7 = x0 - x7, t1 = x1 + x6, t6 = x1 - x6,
+ *   t2 = x2 + x5, t5 = x2 - x5, t3 = x3 + x4, t4 = x3 - x4;
+ *   t10 = t0 + t3, t13 = t0 - t3, t11 = t1 + t2, t12 = t1 - t2;
+ *   X0 = t10 + t11, X4 = t10 - t11, z1 = (t12 + t13) * 0.707106781,
+ *   X2 = t13 + z1, X6 = t13 - z1;
+ *   p10 = t4 + t5, p11 = t5 + t6, p12 = t6 + t7,
+ *   z5 = (p10 - p12) * 0.382683433, z2 = p10 * 0.541196100 + z5,
+ *   z4 = p12 * 1.306562965 + z5, z3 = p11 * 0.707106781,
+ *   z11 = t7 + z3, z13 = t7 - z3;
+ *   X5 = z13 + z2, X3 = z13 - z2, X1 = z11 + z4, X7 = z11 - z4;
+ *   result = ((X * post-scale) * table).
+ * The sums and products round in the caller's rounding mode (identical at
+ * every level in the default one); the final rounding ignores the mode. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R(const Vek16u* pSrc, int srcStep, Vek16s* pDst,
+                                                                const Vek32f* pQuantFwdTable);
+/* Dequantisation (saturated) into the destination, then the inverse DCT in
+ * place: 16-bit results, no shift, no clamp. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,
+                                                          const Vek16u* pQuantInvTable);
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantInvTable);
+/* Dequantisation, inverse DCT, + 128 and clamp to 0..255: a decoder's block. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                               const Vek16u* pQuantInvTable);
+/* The 12-bit path: (float(coef) * table) * pre-scale a_u a_v / 8 (0.125
+ * at DC, 0.173379987 at (0,1)), the Arai-Agui-Nakajima scaled inverse DCT
+ * over the columns then the rows, + 2048.0, rounded to nearest (halves to
+ * even; NaN gives 0) and clamped to 0..4095.  One 1-D pass, in order:
+ *   t10 = x0 + x4, t11 = x0 - x4, t13 = x2 + x6,
+ *   t12 = (x2 - x6) * 1.414213562 - t13;
+ *   e0 = t10 + t13, e3 = t10 - t13, e1 = t11 + t12, e2 = t11 - t12;
+ *   z13 = x5 + x3, z10 = x5 - x3, z11 = x1 + x7, z12 = x1 - x7;
+ *   o7 = z11 + z13, r11 = (z11 - z13) * 1.414213562,
+ *   z5 = (z10 + z12) * 1.847759065, r10 = z5 - z12 * 1.082392200,
+ *   r12 = z5 - z10 * 2.613125930, o6 = r12 - o7, o5 = r11 - o6, o4 = r10 - o5;
+ *   y0 = e0 + o7, y7 = e0 - o7, y1 = e1 + o6, y6 = e1 - o6,
+ *   y2 = e2 + o5, y5 = e2 - o5, y3 = e3 + o4, y4 = e3 - o4. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R(const Vek16s* pSrc, Vek16u* pDst, int dstStep,
+                                                                const Vek32f* pQuantInvTable);
+/* DC only: v = ((coef[0] * table[0]) >> 3) + 128 (table read as signed; the
+ * shift floors, no rounding term), clamped to 0..255, in all 64 samples. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_1x1_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                   const Vek16u* pQuantInvTable);
+/* The 8 x 8 block of the top-left 2 x 2 (4 x 4) coefficients, the others
+ * taken as zero: the same integer inverse DCT as
+ * vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R, so the output equals what that
+ * function gives for a block whose other coefficients are zero (IEEE 1180
+ * accuracy, rounded to integers before the + 128 and the clamp). */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_2x2_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                   const Vek16u* pQuantInvTable);
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_4x4_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                   const Vek16u* pQuantInvTable);
+/* Scaled-down decoding: each sample is the mean of a 4 x 4 group of the
+ * full inverse (factor 4), + 128, clamped to 0..255.  After dequantisation,
+ * pass 1 over columns 0, 1, 3, 5, 7: S = 59384 x1 - 20853 x3 + 13932 x5 -
+ * 11812 x7, top = (65536 x0 + S + 4096) >> 13, bottom = (65536 x0 - S +
+ * 4096) >> 13; pass 2 over the two rows, the same S of elements 1, 3, 5, 7:
+ * (65536 e0 +- S + 2^21) >> 22.  Intermediates are 16-bit as in the full
+ * inverse.  A DC-only block D gives floor((D + 4) / 8). */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                    const Vek16u* pQuantInvTable);
+/* Factor 2: each sample the mean of a 2 x 2 group.  Pass 1 over the
+ * columns: E = 32768 x0 +- (30274 x2 - 12540 x6), odd parts
+ * 41991 x1 + 14745 x3 - 9852 x5 - 8352 x7 and
+ * 17393 x1 - 35598 x3 + 23786 x5 - 3460 x7, outputs E0 + O0, E1 + O1,
+ * E1 - O1, E0 - O0 round 12; pass 2 over the 4 rows alike, round 21. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                    const Vek16u* pQuantInvTable);
+/* dst = clamp(src + 128, 0, 255) and dst = src - 128 over a region.
+ * Checks, in this order: pSrc null -> StatusNullPointer; srcStep < 1 ->
+ * StatusStep; pDst null -> StatusNullPointer; dstStep < 1 -> StatusStep;
+ * roiSize.width or height < 1 -> StatusSize. */
+VEK_API VekStatus VEK_CALL vekiAdd128_JPEG_16s8u_C1R(const Vek16s* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                     VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiSub128_JPEG_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst, int dstStep,
+                                                     VekiSize roiSize);
 
 /* ======================================================================
  * JPEG: lossless prediction and TIFF rows
  * Lossless JPEG row prediction and reconstruction; TIFF PackBits and byte planes.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Lossless JPEG rows (ITU-T T.81 lossless process): width Vek16s samples a
+ * row; the caller keeps the previous row.  A later row predicts sample i
+ * from Ra = the sample to its left in the row, Rb = the sample above
+ * (pPrevRow[i]) and Rc = the sample above-left (pPrevRow[i - 1]):
+ *   1: Ra   2: Rb   3: Rc   4: Ra + Rb - Rc   5: Ra + ((Rb - Rc) >> 1)
+ *   6: Rb + ((Ra - Rc) >> 1)   7: (Ra + Rb) >> 1
+ * worked on the sign-extended 16-bit samples in 32 bits, >> an arithmetic
+ * shift (so for samples of 0x8000 and above, read as negative, predictors
+ * 5 to 7 differ from T.81's unsigned arithmetic).  Sample 0 of a later row
+ * always predicts from above (pPrevRow[0]), for every predictor.  The first
+ * row predicts sample 0 from 2^(precision - pointTransform - 1), the shift
+ * count taken modulo 32 and the power wrapped to 16 bits (so a point
+ * transform at or above the precision is accepted and the count 15 gives
+ * -32768, counts 16..31 give 0), and every other sample from its left
+ * neighbour.
+ *
+ * Diff: pDst[i] = pSrc[i] - prediction.  Reconstruct: pDst[i] = pSrc[i] +
+ * prediction, Ra being the reconstructed pDst[i - 1].  Both wrap modulo
+ * 2^16, without saturation.  The rows must not overlap, except that a
+ * reconstruction may write over its differences (pDst == pSrc).
+ * Checks, first rows: a null pSrc or pDst -> StatusNullPointer; width < 1
+ * -> StatusSize; precision outside 2..16 or pointTransform < 0 ->
+ * StatusBadArgument.  Later rows: a null pSrc, pPrevRow or pDst ->
+ * StatusNullPointer; width < 1 -> StatusSize; predictor outside 1..7 ->
+ * StatusBadArgument.  Nothing is written on failure. */
+VEK_API VekStatus VEK_CALL vekiDiffPredFirstRow_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst, int width, int precision,
+                                                            int pointTransform);
+VEK_API VekStatus VEK_CALL vekiDiffPredRow_JPEG_16s_C1(const Vek16s* pSrc, const Vek16s* pPrevRow, Vek16s* pDst,
+                                                       int width, int predictor);
+VEK_API VekStatus VEK_CALL vekiReconstructPredFirstRow_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst, int width,
+                                                                   int precision, int pointTransform);
+VEK_API VekStatus VEK_CALL vekiReconstructPredRow_JPEG_16s_C1(const Vek16s* pSrc, const Vek16s* pPrevRow, Vek16s* pDst,
+                                                              int width, int predictor);
+
+/* TIFF PackBits rows.  A packet is a control byte n and its data: n = 0..127
+ * is followed by n + 1 literal bytes, n = -127..-1 by one byte repeated
+ * 1 - n times, n = -128 is no operation.
+ *
+ * vekiPackBitsRow_TIFF_8u_C1 codes the whole row pSrc[0..srcLen) and
+ * appends the packets at pDst + *pDstCurrPos; dstLenBytes is the length of
+ * the whole buffer from pDst (the rows written before included), not the
+ * room left.  From the start of the row: a run of 2 to 128 equal bytes is a
+ * replicate packet (a longer run is cut into runs of 128 and the rest); the
+ * other bytes gather into a literal packet until two equal neighbours start
+ * a run, the row ends or 128 bytes are gathered.  A run of exactly 2 bytes
+ * between two literals is folded: when the packet before last is a literal
+ * of L bytes with L + 2 < 128 (the limit counts bytes) and the last packet
+ * is a run of 2, the literal bytes that follow join that earlier literal
+ * with the run's two bytes, up to 128 bytes in all ("A", "BB", "CD" is one
+ * literal packet of 5 bytes).  A run of 2 that ends the row or is followed
+ * by a run stays a packet.  Every packet is checked against dstLenBytes
+ * before any of its bytes is written, a fold included; a packet that fits
+ * exactly is written.  On success *pDstCurrPos is the new total length;
+ * when a packet does not fit, *pDstCurrPos is the end of the last whole
+ * packet and the result is StatusDataUnderRun (the bytes before it are a
+ * valid, shorter stream).  *pDstCurrPos outside 0..dstLenBytes is a full
+ * output too: StatusDataUnderRun with nothing written.
+ * Checks: a null pSrc, pDstCurrPos or pDst -> StatusNullPointer; srcLen < 1
+ * or dstLenBytes < 1 -> StatusSize.
+ *
+ * vekiUnpackBitsRow_TIFF_8u_C1 decodes packets from pSrc + *pSrcCurrPos
+ * into pDst until dstLen bytes are produced, then stores the position after
+ * the last packet read in *pSrcCurrPos and returns StatusOk; it stops as
+ * soon as the row is full, so a -128 byte after the row's last packet is
+ * not consumed, and -128 bytes before are consumed and produce nothing.  A
+ * packet is decoded whole or not at all: when the source ends
+ * (srcLenBytes) before the row is full, or a packet would need bytes past
+ * srcLenBytes or write past dstLen, the position of that packet (or
+ * srcLenBytes) is stored, the bytes of the packets before it stay written,
+ * and the result is StatusDataUnderRun.  A negative *pSrcCurrPos gives
+ * StatusDataUnderRun with nothing read or written.
+ * Checks: a null pSrc, pSrcCurrPos or pDst -> StatusNullPointer;
+ * srcLenBytes < 1 or dstLen < 1 -> StatusSize. */
+VEK_API VekStatus VEK_CALL vekiPackBitsRow_TIFF_8u_C1(const Vek8u* pSrc, int srcLen, Vek8u* pDst, int* pDstCurrPos,
+                                                      int dstLenBytes);
+VEK_API VekStatus VEK_CALL vekiUnpackBitsRow_TIFF_8u_C1(const Vek8u* pSrc, int* pSrcCurrPos, int srcLenBytes,
+                                                        Vek8u* pDst, int dstLen);
+
+/* TIFF 16-bit rows and their two byte planes: plane 0 holds the high bytes,
+ * plane 1 the low bytes of the len samples (Join: pDst[i] = pSrc[0][i] * 256
+ * + pSrc[1][i]; Split the inverse).  A null plane array, plane pointer or
+ * 16-bit row -> StatusNullPointer; len < 1 -> StatusStep (deliberately the
+ * step status for a bad length). */
+VEK_API VekStatus VEK_CALL vekiJoinRow_TIFF_8u16u_C1(const Vek8u* const pSrc[2], Vek16u* pDst, int len);
+VEK_API VekStatus VEK_CALL vekiSplitRow_TIFF_16u8u_C1(const Vek16u* pSrc, Vek8u* const pDst[2], int len);
 
 /* ======================================================================
  * JPEG: colour conversion, per-MCU level shift and chroma sampling
  * Colour conversions, per-MCU conversions and chroma resampling.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Every member is exact integer arithmetic and gives the same bits at every
+ * level.  Images follow the image model: a pointer to the first pixel of the
+ * region, a row step in bytes, roi.width pixels by roi.height rows.  P3 / P4
+ * forms take an array of three (four) plane pointers that share one step.
+ * No alignment is needed.  Sources and destinations must not overlap.
+ *
+ * Checks, in this order, for every member (note: steps before sizes):
+ *   1. a null image pointer, plane-pointer array or plane pointer
+ *      (plane 0, then 1, 2, 3) -> StatusNullPointer;
+ *   2. a step below 1 -> StatusStep (even when the region is empty);
+ *   3. roi.width or roi.height below 1 -> StatusSize, then what the member
+ *      states below.
+ * Nothing is written on failure; otherwise StatusOk.
+ *
+ * Forward (R, G, B -> Y, Cb, Cr), sums in 32 bits, never negative, so the
+ * results lie in 0..255 without clamping:
+ *   Y  = (19595 R + 38470 G + 7471 B + 32768) >> 16
+ *   Cb = (-11059 R - 21709 G + 32768 B + 8421375) >> 16
+ *   Cr = (32768 R + 8421375 - 27439 G - 5329 B) >> 16
+ * (8421375 = 128 * 65536 + 32767).  RGB (255, 255, 255) gives (255, 128,
+ * 128); (0, 0, 255) gives Cb 255.
+ * Inverse (Y, Cb, Cr -> R, G, B), each result clamped to 0..255:
+ *   R = Y + round(1.402 (Cr - 128))
+ *   G = Y + ((-22554 (Cb - 128) + 32768 - 46802 (Cr - 128)) >> 16)   (arithmetic shift)
+ *   B = Y + round(1.772 (Cb - 128))
+ * where round() goes to the nearest integer, exact halves away from zero
+ * (1.772 * -125 = -221.5 gives -222), as the usual 256-entry tables do.
+ * YCbCr (0, 0, 0) gives RGB (0, 135, 0).
+ * Every other member reads or writes another order or layout, or adds
+ * chroma sampling, and computes through these two sums bit for bit.
+ */
+
+/* The fixed pair: interleaved R, G, B to the planes Y, Cb, Cr and back. */
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr_JPEG_8u_C3P3R(const Vek8u* pSrc, int srcStep, Vek8u* const pDst[3],
+                                                        int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToRGB_JPEG_8u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst,
+                                                        int dstStep, VekiSize roi);
+
+/* The same sums on other orders and layouts: B, G, R interleaved; three
+ * planes to three planes; the Y plane alone (RGBToY: the forward Y). */
+VEK_API VekStatus VEK_CALL vekiBGRToYCbCr_JPEG_8u_C3P3R(const Vek8u* pSrc, int srcStep, Vek8u* const pDst[3],
+                                                        int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToBGR_JPEG_8u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst,
+                                                        int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr_JPEG_8u_P3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* const pDst[3],
+                                                      int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToRGB_JPEG_8u_P3R(const Vek8u* const pSrc[3], int srcStep, Vek8u* const pDst[3],
+                                                      int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiRGBToY_JPEG_8u_P3C1R(const Vek8u* const pSrc[3], int srcStep, Vek8u* pDst, int dstStep,
+                                                    VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiRGBToY_JPEG_8u_C3C1R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                    VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiBGRToY_JPEG_8u_C3C1R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                    VekiSize roi);
+
+/* Packed pixels: one 16-bit word a pixel (little-endian in memory), blue
+ * in bits 0-4, green in bits 5-9 (555) or 5-10 (565), red in the next five
+ * bits; bit 15 of a 555 word is ignored when read and written as 0.  A
+ * field widens to 8 bits by repeating its top bits below it (5 bits:
+ * (v << 3) | (v >> 2), so 31 -> 255; 6 bits: (v << 2) | (v >> 4)); the
+ * inverse narrows each clamped channel by dropping its low bits (R >> 3,
+ * G >> 2 or >> 3), so a widened value narrows back to itself.  Steps are in
+ * bytes (two a pixel). */
+VEK_API VekStatus VEK_CALL vekiBGR555ToYCbCr_JPEG_16u8u_C3P3R(const Vek16u* pSrc, int srcStep, Vek8u* const pDst[3],
+                                                              int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiBGR565ToYCbCr_JPEG_16u8u_C3P3R(const Vek16u* pSrc, int srcStep, Vek8u* const pDst[3],
+                                                              int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToBGR555_JPEG_8u16u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek16u* pDst,
+                                                              int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCbCrToBGR565_JPEG_8u16u_P3C3R(const Vek8u* const pSrc[3], int srcStep, Vek16u* pDst,
+                                                              int dstStep, VekiSize roi);
+
+/* CMYK <-> YCCK, the convention of Adobe JPEG files: C, M, Y are inverted
+ * (R = 255 - C, G = 255 - M, B = 255 - Y) and converted by the forward sums
+ * into planes Y, Cb, Cr; K goes to the fourth plane unchanged.  The inverse
+ * converts Y, Cb, Cr by the inverse sums and writes C = 255 - R,
+ * M = 255 - G, Y = 255 - B, and K from the fourth plane. */
+VEK_API VekStatus VEK_CALL vekiCMYKToYCCK_JPEG_8u_C4P4R(const Vek8u* pSrc, int srcStep, Vek8u* const pDst[4],
+                                                        int dstStep, VekiSize roi);
+VEK_API VekStatus VEK_CALL vekiYCCKToCMYK_JPEG_8u_P4C4R(const Vek8u* const pSrc[4], int srcStep, Vek8u* pDst,
+                                                        int dstStep, VekiSize roi);
+
+/* 4:2:2 pixel pairs in YUYV order (Y0 Cb Y1 Cr) to interleaved R, G, B by
+ * the inverse sums; both pixels of a pair take its Cb and Cr (repeated, not
+ * filtered).  A source row is read in whole pairs: 4 * ((roi.width + 1) / 2)
+ * bytes, so an odd width reads the last pair whole and ignores its Y1. */
+VEK_API VekStatus VEK_CALL vekiYCbCr422ToRGB_JPEG_8u_C2C3R(const Vek8u* pSrc, int srcStep, Vek8u* pDst, int dstStep,
+                                                           VekiSize roi);
+
+/* Chroma sampling by two, one plane.  The full-resolution region is W x H;
+ * the subsampled one must be ((W + 1) / 2) x H for H2V1 and
+ * ((W + 1) / 2) x ((H + 1) / 2) for H2V2, or StatusSize (after the common
+ * checks).  Down: srcRoi is the full region and dstRoi the subsampled one;
+ * up: the other way round.  Edges are replicated, as JPEG codecs do: an odd
+ * W (H) pairs the last column (row) with itself, the smooth filter takes an
+ * edge sample as its own outer neighbour, and an odd W (H) gets the first W
+ * (H) outputs of the doubled row (column).  A band of rows can be worked in
+ * one call per band: each output row depends only on the rows named here.
+ *
+ * SampleDown: each output is the mean of its 2 x 1 (2 x 2) group with an
+ * alternating bias so that the rounding does not drift: output column i of
+ * H2V1 is (a + b + (i & 1)) >> 1, of H2V2 (a + b + c + d + 1 + (i & 1)) >> 2,
+ * the bias restarting at every row.
+ * SampleUp (plain): every sample repeated into its 2 x 1 (2 x 2) group.
+ * SampleUp...Smooth: the triangle filter of JPEG decoders, 3/4 of the nearer
+ * and 1/4 of the farther input sample in each direction:
+ *   H2V1: out[2i] = (3 in[i] + in[i-1] + 1) >> 2, out[2i+1] = (3 in[i] + in[i+1] + 2) >> 2;
+ *   H2V2: output row 2j has row j as the nearer and row j - 1 as the farther
+ *     input row, output row 2j + 1 row j + 1 as the farther; with the column
+ *     sums cs[i] = 3 near[i] + far[i],
+ *     out[2i] = (3 cs[i] + cs[i-1] + 8) >> 4, out[2i+1] = (3 cs[i] + cs[i+1] + 7) >> 4.
+ * These are the results of libjpeg-turbo's "fancy" upsampling, bias for
+ * bias, including its one exception: a subsampled width of 1 or 2 is
+ * upsampled plainly (repeated), in both directions.
+ * vekiSampleUpRowH2V2Smooth_JPEG_8u_C1 makes one output row of H2V2 from its
+ * nearer and farther input rows (at the top and bottom edges the farther row
+ * is the nearer one), for decoders that keep only a few chroma rows: a
+ * decoder working MCU row by MCU row calls it for each output row once the
+ * chroma row below is decoded.  Checks: a null pointer (StatusNullPointer),
+ * then srcWidth or dstWidth below 1 or
+ * srcWidth other than (dstWidth + 1) / 2 (StatusSize). */
+VEK_API VekStatus VEK_CALL vekiSampleDownH2V1_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
+                                                          int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleDownH2V2_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
+                                                          int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpH2V1_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
+                                                        int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpH2V2_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi, Vek8u* pDst,
+                                                        int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpH2V1Smooth_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi,
+                                                              Vek8u* pDst, int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpH2V2Smooth_JPEG_8u_C1R(const Vek8u* pSrc, int srcStep, VekiSize srcRoi,
+                                                              Vek8u* pDst, int dstStep, VekiSize dstRoi);
+VEK_API VekStatus VEK_CALL vekiSampleUpRowH2V2Smooth_JPEG_8u_C1(const Vek8u* pSrcNear, const Vek8u* pSrcFar,
+                                                                int srcWidth, Vek8u* pDst, int dstWidth);
+
+/* One MCU (minimum coded unit) between interleaved 8-bit pixels and its
+ * level-shifted 16-bit blocks, for a baseline encoder or decoder that works
+ * MCU by MCU straight from and into the image.
+ *   444: 8 x 8 pixels, one Y block;
+ *   422: 16 x 8 pixels, two Y blocks (left, right);
+ *   411: 16 x 16 pixels (2 x 2 chroma subsampling, often called 4:2:0), four
+ *        Y blocks (top left, top right, bottom left, bottom right).
+ * pDstMCU[0] / pSrcMCU[0] holds the Y blocks one after the other, 64
+ * samples each; [1] and [2] one Cb and one Cr block.  A block is 64 Vek16s
+ * in natural row-major order (row r, column c at 8r + c), as the DCT takes
+ * it.  The image is read (written) from pSrc (pDst), the MCU's top left
+ * pixel, row after row srcStep (dstStep) bytes apart.
+ * Forward: each pixel converted by the forward sums; chroma averaged over
+ * each 2 x 1 (422) or 2 x 2 (411) group as by vekiSampleDown*; then 128
+ * subtracted from every sample (range -128..127).
+ * Inverse: 128 added to every sample and the result clamped to 0..255 (any
+ * Vek16s is accepted); every pixel takes the chroma of its group (repeated;
+ * for the smooth filter of vekiSampleUp*Smooth, go through planes instead)
+ * and is converted by the inverse sums.
+ * At the right and bottom edges of an image whose size is not a whole
+ * number of MCUs, give the MCU pixels by replicating the last column and
+ * row into a small buffer (as JPEG encoders pad), and keep only the pixels
+ * inside the image on the way back.
+ * Checks: a null image pointer, block array or block pointer ->
+ * StatusNullPointer; a step below 1 -> StatusStep. */
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr444LS_MCU_8u16s_C3P3R(const Vek8u* pSrc, int srcStep,
+                                                               Vek16s* const pDstMCU[3]);
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr422LS_MCU_8u16s_C3P3R(const Vek8u* pSrc, int srcStep,
+                                                               Vek16s* const pDstMCU[3]);
+VEK_API VekStatus VEK_CALL vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R(const Vek8u* pSrc, int srcStep,
+                                                               Vek16s* const pDstMCU[3]);
+VEK_API VekStatus VEK_CALL vekiYCbCr444ToRGBLS_MCU_16s8u_P3C3R(const Vek16s* const pSrcMCU[3], Vek8u* pDst,
+                                                               int dstStep);
+VEK_API VekStatus VEK_CALL vekiYCbCr422ToRGBLS_MCU_16s8u_P3C3R(const Vek16s* const pSrcMCU[3], Vek8u* pDst,
+                                                               int dstStep);
+VEK_API VekStatus VEK_CALL vekiYCbCr411ToRGBLS_MCU_16s8u_P3C3R(const Vek16s* const pSrcMCU[3], Vek8u* pDst,
+                                                               int dstStep);
+
+/* One 4:2:2 MCU of YUYV pixel pairs (16 x 8 pixels, 32 bytes a row) split
+ * into its two Y blocks, one Cb and one Cr block, 128 subtracted, as the
+ * MCU members above; Join is the inverse (128 added, clamped to 0..255).
+ * No colour conversion: the pixels are Y, Cb, Cr already. */
+VEK_API VekStatus VEK_CALL vekiSplit422LS_MCU_8u16s_C2P3R(const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]);
+VEK_API VekStatus VEK_CALL vekiJoin422LS_MCU_16s8u_P3C2R(const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep);
 
 /* ======================================================================
  * JPEG: Huffman coding
@@ -838,31 +1279,573 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77Flush_8u(Vek8u** ppDst, int* pDstLen, V
  * JPEG 2000: wavelet transforms
  * 5/3 and 9/7 wavelet passes and the two-dimensional 9/7 level.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* One level of the JPEG 2000 discrete wavelet transform, by lifting: the
+ * reversible 5/3 filter (B53) and the irreversible 9/7 filter (D97), as
+ * one-dimensional passes over rows (Row) or columns (Col), a vertical pass
+ * fed a pair of rows at a time (ColLift), and a whole 9/7 level over a tile.
+ *
+ * Lines and bands.  A line of samples x[p] (a row, or a column reached
+ * through the step) splits into a low band L and a high band H, each of
+ * roiSize.width coefficients per row (Row) or roiSize.height rows (Col):
+ *   phase 0 (the first sample has an even coordinate): L[i] comes from
+ *     position 2i, H[i] from 2i + 1;
+ *   phase != 0 (odd): H[i] from position 2i, L[i] from 2i + 1.
+ * The forward passes read the samples and write the two bands; the inverse
+ * passes read the bands and write 2 * width samples interleaved (the
+ * inverse of the forward with the same phase).
+ *
+ * Border extension is the caller's: pSrc points at sample 0, and the samples
+ * around the line must hold its symmetric extension.  Exactly these are
+ * read (w = the band width; for Col, rows reached through the step):
+ *   forward 5/3, phase 0:  x[-2] .. x[2w]       phase 1: x[-1] .. x[2w+1]
+ *   forward 9/7, phase 0:  x[-4] .. x[2w+2]     phase 1: x[-3] .. x[2w+3]
+ *   inverse 5/3, phase 0:  L[0] .. L[w],   H[-1] .. H[w]
+ *                phase 1:  L[-1] .. L[w-1], H[-1] .. H[w]
+ *   inverse 9/7, phase 0:  L[-1] .. L[w+1], H[-2] .. H[w+1]
+ *                phase 1:  L[-2] .. L[w],   H[-2] .. H[w+1]
+ * The band values beyond the ends are those of the symmetric extension of
+ * the interleaved coefficients (the forward's own values there).
+ *
+ * 5/3 (16s, 32s), arithmetic shifts (toward minus infinity); phase 0:
+ *   H[i] = x[2i+1] - ((x[2i] + x[2i+2]) >> 1)
+ *   L[i] = x[2i] + ((H[i-1] + H[i] + 2) >> 2)
+ * phase 1: H[i] = x[2i] - ((x[2i-1] + x[2i+1]) >> 1),
+ *          L[i] = x[2i+1] + ((H[i] + H[i+1] + 2) >> 2).
+ * The inverse undoes them: L - ((Hprev + H + 2) >> 2) gives the samples at
+ * the low positions, then H + ((their neighbours' sum) >> 1) the others.
+ * Sums are exact; every stored coefficient keeps its type's low bits (it
+ * wraps, it does not saturate), and the update step uses the wrapped high.
+ *
+ * 9/7 float (32f), single precision, no fused multiply-add, every level the
+ * same operations in the same order.  With s the neighbours' sum (b + c)
+ * each step is a + k s (computed as s, then k s, then a + k s); phase 0:
+ *   1. H[i] += alpha (x[2i] + x[2i+2])             alpha = -1.5861343
+ *   2. L[i] += beta (H[i-1] + H[i])                beta  = -0.052980117
+ *   3. H[i] += gamma (L[i] + L[i+1])               gamma =  0.8829111
+ *   4. L[i] = (L[i] + delta (H[i-1] + H[i])) * 0.8128931 (1/K),
+ *                                                  delta =  0.44350687
+ *   5. H[i] *= 1.2301741 (K)
+ * (phase 1 with the neighbours shifted as for the 5/3).  The inverse:
+ *   L = K L + (-0.36052364) s (K L and the product each rounded, then
+ *   added), H = (1/K) H + (-gamma) s, L += -beta s, H += -alpha s.
+ *
+ * 9/7 fixed point (16s, 32s), Q16: each step is
+ *   (CA a + CB s + 32768) >> 16
+ * with exact 64-bit products and an arithmetic shift; CA = 65536 where the
+ * step adds to the coefficient.  alpha -103949, beta -3472, gamma 57862,
+ * delta 29066, K 80621, 1/K 53274, delta/K 23627.  Forward order: alpha,
+ * beta, gamma; then, for every low coefficient of a line but its last,
+ * delta and 1/K folded: (23627 s + 53274 L + 32768) >> 16; the line's last
+ * low coefficient takes two roundings: L + ((29066 s + 32768) >> 16), then
+ * (that * 53274 + 32768) >> 16; the high coefficients then
+ * (80621 H + 32768) >> 16.  Inverse order: (80621 L - 23627 s) rounded, for
+ * the line's last low coefficient in two roundings as the forward's mirror
+ * ((80621 L + 32768) >> 16, then that + ((-23627 s + 32768) >> 16));
+ * (53274 H - 57862 s); L + (3472 s); H + (103949 s).  _16s saturates every
+ * step's result to -32768..32767; _32s keeps the low 32 bits.
+ *
+ * Band width 1 (9/7 Row passes, and Col passes with one row per band): no
+ * lifting; the direct filters on the extended line.  Forward, with c the low
+ * position (phase) and d the high one (1 - phase):
+ *   L = 0.602949 x[c] + 0.26686412 (x[c-1] + x[c+1]) - 0.078223266 (x[c-2]
+ *       + x[c+2]) - 0.01686412 (x[c-3] + x[c+3]) + 0.026748758 (x[c-4] +
+ *       x[c+4])
+ *   H = 1.115087 x[d] - 0.59127176 (x[d-1] + x[d+1]) - 0.057543527 (x[d-2]
+ *       + x[d+2]) + 0.091271766 (x[d-3] + x[d+3])
+ * The inverse uses the matching synthesis filters on the interleaved
+ * coefficients y (positions as above, the bands' extension supplied):
+ *   at a low position p:  1.115087 y[p] - 0.26686412 (y[p-1] + y[p+1])
+ *       - 0.057543527 (y[p-2] + y[p+2]) + 0.01686412 (y[p-3] + y[p+3])
+ *   at a high position p: 0.602949 y[p] + 0.59127176 (y[p-1] + y[p+1])
+ *       - 0.078223266 (y[p-2] + y[p+2]) - 0.091271766 (y[p-3] + y[p+3])
+ *       + 0.026748758 (y[p-4] + y[p+4])
+ * (the inverse of the forward in exact arithmetic).  Float: the centre
+ * product, then each pair's sum times its tap added in turn.  Q16 taps:
+ * forward low 39515, 17489, -5126, -1105, 1753; forward high 73078, -38749,
+ * -3771, 5982; inverse low position 73078, -17489, -3771, 1105; inverse
+ * high position 39515, 38749, -5126, -5981, 1753.  _16s sums the exact
+ * products, rounds once ((sum + 32768) >> 16) and saturates (like every
+ * other 16-bit step); _32s rounds each tap's product on its own and sums
+ * the rounded terms.
+ *
+ * Checks (Row and Col), in this order: a null image or band pointer ->
+ * StatusNullPointer; any step below 1 -> StatusStep; roiSize.width or
+ * .height below 1 -> StatusSize.  Nothing is written on failure.  Bands and
+ * image must not overlap.
+ */
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_B53_JPEG2K_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDstLow,
+                                                           int dstLowStep, Vek16s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_B53_JPEG2K_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDstLow,
+                                                           int dstLowStep, Vek32s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_D97_JPEG2K_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDstLow,
+                                                           int dstLowStep, Vek16s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_D97_JPEG2K_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDstLow,
+                                                           int dstLowStep, Vek32s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdRow_D97_JPEG2K_32f_C1R(const Vek32f* pSrc, int srcStep, Vek32f* pDstLow,
+                                                           int dstLowStep, Vek32f* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdCol_B53_JPEG2K_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDstLow,
+                                                           int dstLowStep, Vek16s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdCol_B53_JPEG2K_32s_C1R(const Vek32s* pSrc, int srcStep, Vek32s* pDstLow,
+                                                           int dstLowStep, Vek32s* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTFwdCol_D97_JPEG2K_32f_C1R(const Vek32f* pSrc, int srcStep, Vek32f* pDstLow,
+                                                           int dstLowStep, Vek32f* pDstHigh, int dstHighStep,
+                                                           VekiSize roiSize, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_B53_JPEG2K_16s_C1R(const Vek16s* pSrcLow, int srcLowStep,
+                                                           const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek16s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_B53_JPEG2K_32s_C1R(const Vek32s* pSrcLow, int srcLowStep,
+                                                           const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_D97_JPEG2K_16s_C1R(const Vek16s* pSrcLow, int srcLowStep,
+                                                           const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek16s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_D97_JPEG2K_32s_C1R(const Vek32s* pSrcLow, int srcLowStep,
+                                                           const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvRow_D97_JPEG2K_32f_C1R(const Vek32f* pSrcLow, int srcLowStep,
+                                                           const Vek32f* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32f* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvCol_B53_JPEG2K_16s_C1R(const Vek16s* pSrcLow, int srcLowStep,
+                                                           const Vek16s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek16s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvCol_B53_JPEG2K_32s_C1R(const Vek32s* pSrcLow, int srcLowStep,
+                                                           const Vek32s* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32s* pDst, int dstStep, Vek32u phase);
+VEK_API VekStatus VEK_CALL vekiWTInvCol_D97_JPEG2K_32f_C1R(const Vek32f* pSrcLow, int srcLowStep,
+                                                           const Vek32f* pSrcHigh, int srcHighStep, VekiSize roiSize,
+                                                           Vek32f* pDst, int dstStep, Vek32u phase);
+
+/* Vertical lifting a pair of rows at a time: the caller keeps the rows of
+ * the lifting in buffers of its own and calls once per pair of source rows;
+ * each call works sample by sample over `width` samples (every step of a
+ * sample before the next sample, so a row given for two roles is read and
+ * written as such) and touches only the rows given.  Checks: a null row ->
+ * StatusNullPointer, width below 1 -> StatusSize.  Arithmetic as for the
+ * passes above.
+ * 5/3 forward (x0, x1, x2 = rows 2n, 2n+1, 2n+2; low row n; high row n-1
+ *   from the previous call; high row n):
+ *   high = x1 - ((x0 + x2) >> 1); low = x0 + ((highPrev + high + 2) >> 2).
+ * 5/3 inverse (low row n, high rows n-1 and n, the even row 2n-2 of the
+ *   previous call; out: odd row 2n-1, even row 2n):
+ *   even = low - ((highPrev + high + 2) >> 2); odd = highPrev + ((evenPrev
+ *   + even) >> 1).
+ * 9/7 forward, a pipeline of eight rows r0..r7 (pSrc0..pDstHigh): r0..r2
+ *   source rows 2n..2n+2; r3 the low row after step 2 from the previous
+ *   call (finished here); r4 out: the new low row after step 2; r5 the high
+ *   row after step 3 from the previous call (finished here); r6 the high row
+ *   after step 1 from the previous call (taken to step 3); r7 out: the new
+ *   high row after step 1.  In order: r7 = r1 + alpha (r0 + r2); r4 = r0 +
+ *   beta (r6 + r7); r6 += gamma (r3 + r4); r3 = (r3 + delta (r5 + r6)) * 1/K;
+ *   r5 *= K.  The finished low row trails the source by one pair of rows,
+ *   the high row by two; priming and draining the pipeline is the caller's.
+ *   Fixed point: each of these is rounded on its own (the delta and 1/K of
+ *   r3 in two roundings, as for a line's last low coefficient).
+ * 9/7 inverse, q0..q7 (pSrcLow..pDstEven): q0 the low row n; q1 and q2
+ *   the high rows on either side of it, q1 the one before (high row n-1,
+ *   from which the new odd row comes), q2 the one after (high row n); q3 the
+ *   even row the previous call finished; q4 and q5 the odd and even rows in
+ *   progress (finished here); q6 and q7 out: the new odd (at step 3 -> 1)
+ *   and even (at step 2) rows.  In order: q7 = K q0 - delta/K (q1 + q2);
+ *   q6 = 1/K q1 - gamma (q5 + q7); q5 -= beta (q4 + q6); q4 -= alpha (q3 +
+ *   q5).  After the call q5 holds the finished even row 2n-2 and q4 the
+ *   finished odd row 2n-3. */
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_B53_JPEG2K_16s_C1(const Vek16s* pSrc0, const Vek16s* pSrc1,
+                                                              const Vek16s* pSrc2, Vek16s* pDstLow,
+                                                              const Vek16s* pSrcHighPrev, Vek16s* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_B53_JPEG2K_32s_C1(const Vek32s* pSrc0, const Vek32s* pSrc1,
+                                                              const Vek32s* pSrc2, Vek32s* pDstLow,
+                                                              const Vek32s* pSrcHighPrev, Vek32s* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_D97_JPEG2K_16s_C1(const Vek16s* pSrc0, const Vek16s* pSrc1,
+                                                              const Vek16s* pSrc2, Vek16s* pSrcDstLow, Vek16s* pDstLow,
+                                                              Vek16s* pSrcDstHighPrev, Vek16s* pSrcDstHigh,
+                                                              Vek16s* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_D97_JPEG2K_32s_C1(const Vek32s* pSrc0, const Vek32s* pSrc1,
+                                                              const Vek32s* pSrc2, Vek32s* pSrcDstLow, Vek32s* pDstLow,
+                                                              Vek32s* pSrcDstHighPrev, Vek32s* pSrcDstHigh,
+                                                              Vek32s* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTFwdColLift_D97_JPEG2K_32f_C1(const Vek32f* pSrc0, const Vek32f* pSrc1,
+                                                              const Vek32f* pSrc2, Vek32f* pSrcDstLow, Vek32f* pDstLow,
+                                                              Vek32f* pSrcDstHighPrev, Vek32f* pSrcDstHigh,
+                                                              Vek32f* pDstHigh, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_B53_JPEG2K_16s_C1(const Vek16s* pSrcLow, const Vek16s* pSrcHighPrev,
+                                                              const Vek16s* pSrcHigh, const Vek16s* pSrcEvenPrev,
+                                                              Vek16s* pDstOdd, Vek16s* pDstEven, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_B53_JPEG2K_32s_C1(const Vek32s* pSrcLow, const Vek32s* pSrcHighPrev,
+                                                              const Vek32s* pSrcHigh, const Vek32s* pSrcEvenPrev,
+                                                              Vek32s* pDstOdd, Vek32s* pDstEven, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_D97_JPEG2K_16s_C1(const Vek16s* pSrcLow, const Vek16s* pSrcHigh,
+                                                              const Vek16s* pSrcHighPrev, const Vek16s* pSrcEvenPrev,
+                                                              Vek16s* pSrcDstOdd, Vek16s* pSrcDstEven, Vek16s* pDstOdd,
+                                                              Vek16s* pDstEven, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_D97_JPEG2K_32s_C1(const Vek32s* pSrcLow, const Vek32s* pSrcHigh,
+                                                              const Vek32s* pSrcHighPrev, const Vek32s* pSrcEvenPrev,
+                                                              Vek32s* pSrcDstOdd, Vek32s* pSrcDstEven, Vek32s* pDstOdd,
+                                                              Vek32s* pDstEven, int width);
+VEK_API VekStatus VEK_CALL vekiWTInvColLift_D97_JPEG2K_32f_C1(const Vek32f* pSrcLow, const Vek32f* pSrcHigh,
+                                                              const Vek32f* pSrcHighPrev, const Vek32f* pSrcEvenPrev,
+                                                              Vek32f* pSrcDstOdd, Vek32f* pSrcDstEven, Vek32f* pDstOdd,
+                                                              Vek32f* pDstEven, int width);
+
+/* The two-dimensional 9/7 level on a tile of integer samples (Q16 as
+ * above).  pTileRect gives the tile's position (x, y) and size (width w,
+ * height h); pSrc (forward) or pDst (inverse) points at its first sample.
+ * The four bands, in order: low horizontally and vertically (ceil(w/2) x
+ * ceil(h/2)); low horizontally, high vertically (ceil(w/2) x floor(h/2));
+ * high horizontally, low vertically (floor(w/2) x ceil(h/2)); high in both
+ * (floor(w/2) x floor(h/2)).  The inverse takes the forward's arguments
+ * with sources and destination exchanged.
+ *
+ * The forward transforms each row (its symmetric extension made here),
+ * writing the work buffer's rows, then the columns of the low and of the
+ * high half into the bands; the inverse undoes the columns into the work
+ * buffer, then each row into the tile.  Rows and columns take the Row
+ * pass's arithmetic exactly (so a band width of 1, a line of 2 samples,
+ * takes the direct filters; a line of 1 sample is its own low band).
+ * Phase: each direction's phase is the parity of the tile's coordinate (x
+ * for rows, y for columns) when its extent is even; an odd extent is
+ * transformed in phase 0 whatever its coordinate (the band sizes above
+ * are those of an even coordinate).
+ *
+ * The work buffer: the tile's h rows at a pitch of w * sizeof(sample)
+ * rounded up to a multiple of 32 bytes, then 8 rows for the lifting's
+ * intermediate coefficients: VEK_WT_D97_JPEG2K_BUFFER_SIZE(w, h, sizeof
+ * (sample)) bytes, which the functions never pass; aligned to the sample
+ * size at least.  Its contents afterwards are unspecified.
+ *
+ * Checks, in this order: the image, the band-pointer array, the step array,
+ * the rectangle or the buffer null -> StatusNullPointer; the image step
+ * below 1 -> StatusStep; any band pointer null -> StatusNullPointer; any
+ * band step below 1 -> StatusStep; the tile's width or height below 1 ->
+ * StatusSize.  Nothing is written on failure. */
+#define VEK_WT_D97_JPEG2K_PITCH(width, sampleBytes) ((((width) * (sampleBytes)) + 31) & ~31)
+#define VEK_WT_D97_JPEG2K_BUFFER_SIZE(width, height, sampleBytes) \
+    (VEK_WT_D97_JPEG2K_PITCH(width, sampleBytes) * ((height) + 8))
+VEK_API VekStatus VEK_CALL vekiWTFwd_D97_JPEG2K_16s_C1R(const Vek16s* pSrc, int srcStep, const VekiRect* pTileRect,
+                                                        Vek16s* const pDst[4], const int dstStep[4], Vek8u* pBuffer);
+VEK_API VekStatus VEK_CALL vekiWTFwd_D97_JPEG2K_32s_C1R(const Vek32s* pSrc, int srcStep, const VekiRect* pTileRect,
+                                                        Vek32s* const pDst[4], const int dstStep[4], Vek8u* pBuffer);
+VEK_API VekStatus VEK_CALL vekiWTInv_D97_JPEG2K_16s_C1R(const Vek16s* const pSrc[4], const int srcStep[4],
+                                                        const VekiRect* pTileRect, Vek16s* pDst, int dstStep,
+                                                        Vek8u* pBuffer);
+VEK_API VekStatus VEK_CALL vekiWTInv_D97_JPEG2K_32s_C1R(const Vek32s* const pSrc[4], const int srcStep[4],
+                                                        const VekiRect* pTileRect, Vek32s* pDst, int dstStep,
+                                                        Vek8u* pBuffer);
 
 /* ======================================================================
  * JPEG 2000: component transforms
  * The reversible (RCT) and irreversible (ICT) component transforms.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Three components per pixel, transformed pixel by pixel: all three inputs
+ * of a pixel are read before any of its outputs is written.
+ *   _P3IR (pSrcDst, srcDstStep, roiSize): three planes in place, the plane
+ *     pointers in an array, sharing one step.
+ *   _C3P3R (pSrc, srcStep, pDst, dstStep, roiSize): interleaved pixels
+ *     (R, G, B) to three planes.
+ *   _P3C3R (pSrc, srcStep, pDst, dstStep, roiSize): three planes to
+ *     interleaved pixels (channels 0, 1, 2 = planes 0, 1, 2).
+ * Plane 0 holds R (forward input) or Y, plane 1 G or the first chroma (U,
+ * Cb), plane 2 B or the second chroma (V, Cr).  Steps are in bytes.
+ *
+ * Checks, in this order: a null plane array, a null plane (0, 1, 2) or a
+ * null interleaved image -> StatusNullPointer; a step below 1 (the source's
+ * first) -> StatusStep; roiSize.width or .height below 1 -> StatusSize.
+ * Nothing is written on failure.  Source and destination must not overlap.
+ *
+ * RCT (exact; shifts are arithmetic, rounding toward minus infinity):
+ *   forward  Y = (R + 2G + B) >> 2,  U = B - G,  V = R - G
+ *   inverse  G = Y - ((U + V) >> 2), R = V + G,  B = U + G
+ * ICT, 16s and 32s in Q14 fixed point, each output rounded by adding 8192
+ * and shifting right by 14 (arithmetic):
+ *   forward  Y  = (4899 R + 9617 G + 1868 B + 8192) >> 14
+ *            Cb = (-2765 R - 5427 G + 8192 B + 8192) >> 14
+ *            Cr = (8192 R - 6860 G - 1332 B + 8192) >> 14
+ *   inverse  R = Y + ((22970 Cr + 8192) >> 14)
+ *            G = Y + ((-5638 Cb - 11700 Cr + 8192) >> 14)
+ *            B = Y + ((29032 Cb + 8192) >> 14)
+ * The integer forms compute exactly (products and sums as wide as they
+ * need) and keep the low 16 or 32 bits of each result: nothing saturates,
+ * so extreme inputs wrap around.
+ * ICT, 32f: in double precision with the constants as doubles, every
+ * product and sum rounded to double in this order, the result rounded once
+ * to float:
+ *   forward  Y  = (0.299 R + 0.587 G) + 0.114 B
+ *            Cb = (-0.16875 R - 0.33126 G) + 0.5 B
+ *            Cr = (0.5 R - 0.41869 G) - 0.08131 B
+ *   inverse  R = Y + 1.402 Cr,  G = (Y - 0.34413 Cb) - 0.71414 Cr,
+ *            B = Y + 1.772 Cb
+ * (the plain level of the 32-bit library sets the x87 unit to double
+ * precision while it works, and restores the caller's setting). */
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTFwd_JPEG2K_32s_C3P3R(const Vek32s* pSrc, int srcStep, Vek32s* const pDst[3],
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiRCTInv_JPEG2K_32s_P3C3R(const Vek32s* const pSrc[3], int srcStep, Vek32s* pDst,
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32f_P3IR(Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTFwd_JPEG2K_32f_C3P3R(const Vek32f* pSrc, int srcStep, Vek32f* const pDst[3],
+                                                       int dstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_16s_P3IR(Vek16s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32s_P3IR(Vek32s* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32f_P3IR(Vek32f* const pSrcDst[3], int srcDstStep, VekiSize roiSize);
+VEK_API VekStatus VEK_CALL vekiICTInv_JPEG2K_32f_P3C3R(const Vek32f* const pSrc[3], int srcStep, Vek32f* pDst,
+                                                       int dstStep, VekiSize roiSize);
 
 /* ======================================================================
  * Video: motion compensation and block differences
  * Predicted blocks and residuals for MPEG-1/2.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Block-level motion compensation with half-sample accuracy.  Every block
+ * has its own step in bytes (bottom-up blocks take a negative step); the
+ * block size is in the name, width first.  Pixels and references are
+ * Vek8u, residuals, differences and predictors Vek16s.
+ *
+ * Prediction mode (mcType): only bits 2 and 3 are read (mcType & 12), so
+ * 13 acts as 12 and 16 as 0.  With r the reference block and rc the
+ * rounding control:
+ *    0  r(x, y)
+ *    4  (r(x, y) + r(x, y+1) + 1 - rc) >> 1                       half sample vertically
+ *    8  (r(x, y) + r(x+1, y) + 1 - rc) >> 1                       half sample horizontally
+ *   12  (r(x, y) + r(x+1, y) + r(x, y+1) + r(x+1, y+1) + 2 - rc) >> 2   both
+ * The reference is read over the block plus one row (modes 4 and 12) and
+ * plus one column (modes 8 and 12), never further.  roundControl is 0 or
+ * 1 (1 rounds halves down); only its lowest bit is read.  The UV forms
+ * work on 8 interleaved U/V pairs per row (16 bytes): the horizontal
+ * neighbour of a sample is two bytes on, so they read two more bytes per
+ * row in modes 8 and 12.
+ *
+ * The mode reaches its kernel through a table: one reference, entry
+ * (mcType & 12) / 2 + (roundControl & 1) of eight; two references,
+ * (mcTypeF & 12) / 2 + 2 * (mcTypeB & 12) + (roundControl & 1) of 32;
+ * differences, (mcType & 12) + (pDstPredictor != NULL) of 16; bidirectional
+ * differences, (mcTypeF & 12) / 4 + (mcTypeB & 12) of 16.
+ *
+ * vekiMC<w>x<h>_8u_C1: dst = clamp(p + residual, 0, 255).
+ * vekiMC<w>x<h>B_8u_C1: pF and pB by their own modes, both with
+ *   roundControl; dst = clamp((pF + pB + 2 * residual + 1) >> 1, 0, 255):
+ *   one rounding serves the average and the residual.
+ * vekiGetDiff<w>x<h>_8u16s_C1: diff = cur - p; when pDstPredictor is not
+ *   NULL, p is also stored there (step dstPredictorStep).
+ *   vekiGetDiff4x4_8u16s_C1 is the exception: diff = cur - ref at the
+ *   full-sample position; it ignores mcType, roundControl and the
+ *   predictor arguments and never writes a predictor.
+ * vekiGetDiff<w>x<h>B_8u16s_C1: diff = (2 * cur - pF - pB) >> 1, an
+ *   arithmetic shift (rounds toward minus infinity); no predictor.
+ *
+ * Checks: only the pointers (a NULL predictor is allowed); any other NULL
+ * gives StatusNullPointer with nothing written.  Steps, modes and the
+ * rounding control are used as given. */
+VEK_API VekStatus VEK_CALL vekiMC16x16_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                             int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                             int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x8_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                            int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x4_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                            int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x16_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                            int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x8_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x4_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x8_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x4_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x2_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC2x4_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC2x2_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                           int srcResidualStep, Vek8u* pDst, int dstStep, int mcType, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x8UV_8u_C1(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual,
+                                              int srcResidualStep, Vek8u* pDst, int dstStep, int mcType,
+                                              int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x16B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF,
+                                              const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB,
+                                              const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst, int dstStep,
+                                              int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x8B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                             int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                             int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x4B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                             int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                             int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x16B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                             int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                             int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x8B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC8x4B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x8B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x4B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC4x2B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC2x4B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC2x2B_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                            int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual,
+                                            int srcResidualStep, Vek8u* pDst, int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiMC16x8BUV_8u_C1(const Vek8u* pSrcRefF, int srcRefFStep, int mcTypeF,
+                                               const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB,
+                                               const Vek16s* pSrcResidual, int srcResidualStep, Vek8u* pDst,
+                                               int dstStep, int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff16x16_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                     int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                     Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                     int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff16x8_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                    int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                    Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                    int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x16_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                    int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                    Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                    int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x8_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                   int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                   Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                   int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x4_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                   int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                   Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                   int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff4x4_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef,
+                                                   int srcRefStep, Vek16s* pDstDiff, int dstDiffStep,
+                                                   Vek16s* pDstPredictor, int dstPredictorStep, int mcType,
+                                                   int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff16x16B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                      int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                      int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                      int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff16x8B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                     int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                     int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                     int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x16B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                     int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                     int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                     int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x8B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                    int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                    int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                    int roundControl);
+VEK_API VekStatus VEK_CALL vekiGetDiff8x4B_8u16s_C1(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRefF,
+                                                    int srcRefFStep, int mcTypeF, const Vek8u* pSrcRefB,
+                                                    int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,
+                                                    int roundControl);
 
 /* ======================================================================
  * Video: block matching metrics
  * SAD, squared differences and variance for motion search.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Cost measures for motion search on 8-bit blocks: pSrc is the current
+ * block, pRef the reference, each with its own step.  No rounding control:
+ * the half-sample predictions here always round halves up, (a + b + 1) >> 1
+ * and (a + b + c + d + 2) >> 2, with the neighbours of motion compensation
+ * (one more row for mode 4, one more column for 8, both for 12).
+ *
+ * vekiSAD16x16_8u32s: sum over 16x16 of |cur - pred|, pred by mcType.
+ *   mcType must be 0, 4, 8 or 12: we return StatusBadArgument for any
+ *   other value (after the pointer checks) and write nothing.
+ * vekiSAD4x4_8u32s: sum over 4x4 of |cur - ref|; mcType is ignored.
+ * vekiSAD16x16Blocks8x8_8u16u: the four 8x8 SADs of the macroblock,
+ *   top-left, top-right, bottom-left, bottom-right; full sample, mcType
+ *   ignored.
+ * vekiSAD16x16Blocks4x4_8u16u: the sixteen 4x4 SADs in raster order of
+ *   the blocks (entry 4 * (row / 4) + column / 4); mcType ignored.
+ * vekiSqrDiff16x16_8u32s: sum over 16x16 of (pred - cur)^2.  mcType is
+ *   compared whole: 0 full sample, 4 vertical, 8 horizontal, any other
+ *   value the four-pixel average.
+ * vekiSqrDiff16x16B_8u32s: sum of (((predF + predB + 1) >> 1) - cur)^2,
+ *   each prediction by bits 2 and 3 of its own mode.
+ * vekiVariance16x16_8u32s: with s = sum of x and q = sum of x^2 over the
+ *   256 pixels (unsigned 32-bit), q - (s * s) / 256, where s * s is a
+ *   32-bit two's-complement product divided as a signed value, truncating:
+ *   256 times the variance.  Once s passes 46340 (a block averaging above
+ *   181) the product wraps negative and the result with it, deliberately.
+ *
+ * Checks: any NULL pointer gives StatusNullPointer with nothing written;
+ * steps and modes are not checked (but see vekiSAD16x16_8u32s). */
+VEK_API VekStatus VEK_CALL vekiSAD16x16_8u32s(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                              Vek32s* pSAD, int mcType);
+VEK_API VekStatus VEK_CALL vekiSAD4x4_8u32s(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                            Vek32s* pSAD, int mcType);
+VEK_API VekStatus VEK_CALL vekiSAD16x16Blocks8x8_8u16u(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                                       Vek16u* pDstSAD, int mcType);
+VEK_API VekStatus VEK_CALL vekiSAD16x16Blocks4x4_8u16u(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                                       Vek16u* pDstSAD, int mcType);
+VEK_API VekStatus VEK_CALL vekiSqrDiff16x16_8u32s(const Vek8u* pSrc, int srcStep, const Vek8u* pRef, int refStep,
+                                                  int mcType, Vek32s* pSqrDiff);
+VEK_API VekStatus VEK_CALL vekiSqrDiff16x16B_8u32s(const Vek8u* pSrc, int srcStep, const Vek8u* pRefF, int refFStep,
+                                                   int mcTypeF, const Vek8u* pRefB, int refBStep, int mcTypeB,
+                                                   Vek32s* pSqrDiff);
+VEK_API VekStatus VEK_CALL vekiVariance16x16_8u32s(const Vek8u* pSrc, int srcStep, Vek32s* pVar);
 
 /* ======================================================================
  * Video: MPEG-2 quantisation
  * Intra and non-intra quantisation with mismatch control.
  * ====================================================================== */
-/* (the family's functions go here) */
+/* Forward and inverse quantisation of one 8x8 block of DCT coefficients
+ * (64 Vek16s, raster order) for MPEG-2 video, in place.  QP is the
+ * quantiser step as the caller has mapped it (no scale-code table here).
+ *
+ * vekiQuant_MPEG2_16s_C1I (pSrcDst, QP, pQPMatrix, pCount): non-intra.
+ *   With a matrix (64 Vek32f reciprocals 1/W): for every coefficient,
+ *   q = (c * (16 / QP)) * M[i] in single precision, in that order, each
+ *   operation rounded to float at every level; q is truncated toward zero
+ *   and clamped to -2047..2047 (NaN, from a matrix holding infinities or
+ *   NaNs, gives 0).  Without a matrix: QP <= 1 returns at once with the
+ *   block unchanged and *pCount 0; otherwise r = (65536 + QP / 2) / QP and
+ *   q = (c * r) / 65536, truncating, clamped to -2047..2047.
+ *   *pCount is the number of non-zero results.
+ * vekiQuantIntra_MPEG2_16s_C1I: the same float formula for coefficients
+ *   1..63; the DC coefficient is left as it is and not counted.  A NULL
+ *   matrix means the reciprocals of the MPEG-2 default intra matrix.
+ * Forward checks: pSrcDst or pCount NULL -> StatusNullPointer; QP = 0 ->
+ *   StatusDivideByZero; *pCount is cleared after these checks.
+ *
+ * vekiQuantInv_MPEG2_16s_C1I (pSrcDst, QP, pQPMatrix): non-intra, with
+ *   s the sign of c (zero coefficients stay zero):
+ *   v = ((2c + s) * QP * W[i]) / 32 with weights, v = (QP * (2c + s)) / 2
+ *   without (pQPMatrix NULL), clamped to -2048..2047.
+ * vekiQuantInvIntra_MPEG2_16s_C1I (pSrcDst, QP, pQPMatrix): weights
+ *   required; the DC coefficient is kept; for the others
+ *   v = (c * QP * W[i] * 2) / 32, clamped to -2048..2047.
+ * Both: mismatch control: when the sum of the 64 stored values (the DC
+ *   included) is even, the lowest bit of coefficient 63 is toggled.
+ *   Products are formed in 32-bit two's-complement arithmetic, exact for
+ *   every coefficient, scale and weight MPEG-2 allows, and divisions
+ *   truncate toward zero.
+ * Inverse checks: pSrcDst NULL (and, intra, pQPMatrix NULL) ->
+ *   StatusNullPointer. */
+VEK_API VekStatus VEK_CALL vekiQuant_MPEG2_16s_C1I(Vek16s* pSrcDst, int QP, const Vek32f* pQPMatrix, Vek32s* pCount);
+VEK_API VekStatus VEK_CALL vekiQuantIntra_MPEG2_16s_C1I(Vek16s* pSrcDst, int QP, const Vek32f* pQPMatrix,
+                                                        Vek32s* pCount);
+VEK_API VekStatus VEK_CALL vekiQuantInv_MPEG2_16s_C1I(Vek16s* pSrcDst, int QP, const Vek16s* pQPMatrix);
+VEK_API VekStatus VEK_CALL vekiQuantInvIntra_MPEG2_16s_C1I(Vek16s* pSrcDst, int QP, const Vek16s* pQPMatrix);
 
 #ifdef __cplusplus
 }

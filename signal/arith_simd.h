@@ -1,4 +1,7 @@
-// Vector arithmetic kernels for the SSE levels, one template per algorithm.
+// Vector arithmetic kernels for the SIMD levels, one template per algorithm,
+// written on the lane words of core/simd_lanes.h so that each level runs
+// them on its widest vector (128 bits up to SSE4.1, 256 with AVX2, 512
+// with AVX-512).
 //
 // Included by each SIMD level's translation unit inside that level's
 // namespace, after the intrinsics headers; everything here also has
@@ -7,7 +10,7 @@
 // the level may use is read from the compiler's own macros: __SSE2__
 // enables the integer kernels, __SSE4_1__ the signed 32x32->64 multiply.
 //
-// Each kernel works one 128-bit vector a block through forEachBlock
+// Each kernel works one vector a block through forEachBlock
 // (core/simd_blocks.h), which takes the last, partial block through the
 // stack.  The checks at the entry are the members' own (arith_exports.h).
 //
@@ -18,48 +21,80 @@
 
 #include "core/simd_blocks.h"
 #include "core/simd_vocabulary.h"
+#include "core/simd_lanes.h"
 
 namespace {
 
 // ---- float members ----------------------------------------------------------
 
 struct Add {
-    static __m128 f(__m128 a, __m128 b) { return _mm_add_ps(a, b); }
+    template <class F>
+    static F f(F a, F b) {
+        return addF(a, b);
+    }
 #ifdef __SSE2__
-    static __m128i i16(__m128i a, __m128i b) { return _mm_add_epi32(a, b); }
-    static __m128i sat16(__m128i a, __m128i b) { return _mm_adds_epi16(a, b); }
+    template <class V>
+    static V i16(V a, V b) {
+        return add32(a, b);
+    }
+    template <class V>
+    static V sat16(V a, V b) {
+        return adds16(a, b);
+    }
 #endif
 };
 struct Sub {  // src2 - src1
-    static __m128 f(__m128 a, __m128 b) { return _mm_sub_ps(b, a); }
+    template <class F>
+    static F f(F a, F b) {
+        return subF(b, a);
+    }
 #ifdef __SSE2__
-    static __m128i i16(__m128i a, __m128i b) { return _mm_sub_epi32(b, a); }
-    static __m128i sat16(__m128i a, __m128i b) { return _mm_subs_epi16(b, a); }
+    template <class V>
+    static V i16(V a, V b) {
+        return sub32(b, a);
+    }
+    template <class V>
+    static V sat16(V a, V b) {
+        return subs16(b, a);
+    }
 #endif
 };
 struct SubC {  // src - value
-    static __m128 f(__m128 a, __m128 v) { return _mm_sub_ps(a, v); }
+    template <class F>
+    static F f(F a, F v) {
+        return subF(a, v);
+    }
 #ifdef __SSE2__
-    static __m128i i16(__m128i a, __m128i v) { return _mm_sub_epi32(a, v); }
-    static __m128i sat16(__m128i a, __m128i v) { return _mm_subs_epi16(a, v); }
+    template <class V>
+    static V i16(V a, V v) {
+        return sub32(a, v);
+    }
+    template <class V>
+    static V sat16(V a, V v) {
+        return subs16(a, v);
+    }
 #endif
 };
 struct Mul {
-    static __m128 f(__m128 a, __m128 b) { return _mm_mul_ps(a, b); }
+    template <class F>
+    static F f(F a, F b) {
+        return mulF(a, b);
+    }
 };
 
 template <class Op>
 void float2(const Vek32f* a, const Vek32f* b, Vek32f* d, int len) {
-    forEachBlock<4>(
-        len, [](Vek32f* out, const Vek32f* x, const Vek32f* y) { store(out, Op::f(load128f(x), load128f(y))); }, d, a,
-        b);
+    forEachBlock<sizeof(WideF) / 4>(
+        len,
+        [](Vek32f* out, const Vek32f* x, const Vek32f* y) { store(out, Op::f(loadAs<WideF>(x), loadAs<WideF>(y))); }, d,
+        a, b);
 }
 
 template <class Op>
 void floatConst(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
-    const __m128 vv = broadcast128(v);
-    forEachBlock<4>(
-        len, [vv](Vek32f* out, const Vek32f* x) { store(out, Op::f(load128f(x), vv)); }, d, a);
+    const WideF vv = splat<WideF>(v);
+    forEachBlock<sizeof(WideF) / 4>(
+        len, [vv](Vek32f* out, const Vek32f* x) { store(out, Op::f(loadAs<WideF>(x), vv)); }, d, a);
 }
 
 #ifdef __SSE2__
@@ -67,74 +102,99 @@ void floatConst(const Vek32f* a, Vek32f v, Vek32f* d, int len) {
 
 // Saturated value of the sign of x for 16- or 32-bit lanes: max for x >= 0,
 // min for x < 0 (x is never 0 where this is used).
-inline __m128i signSat16(__m128i x) { return _mm_xor_si128(_mm_srai_epi16(x, 15), _mm_set1_epi16(0x7FFF)); }
-inline __m128i signSat32(__m128i x) { return _mm_xor_si128(_mm_srai_epi32(x, 31), _mm_set1_epi32(0x7FFFFFFF)); }
+template <class V>
+V signSat16(V x) {
+    return xorBits(srai16(x, 15), splat<V>(Vek16s(0x7FFF)));
+}
+template <class V>
+V signSat32(V x) {
+    return xorBits(srai32(x, 31), splat<V>(Vek32s(0x7FFFFFFF)));
+}
 
 // sat(c * 2^k) for lanes c already saturated: shift, shift back, and keep
 // the shifted value only where nothing was lost.  Shift counts of 16 (32)
 // and more clear the lane, so they saturate every non-zero c as required.
-inline __m128i shiftLeftSat16(__m128i c, __m128i k) {
-    const __m128i shifted = _mm_sll_epi16(c, k);
-    return select(_mm_cmpeq_epi16(_mm_sra_epi16(shifted, k), c), shifted, signSat16(c));
+template <class V>
+V shiftLeftSat16(V c, __m128i k) {
+    const V shifted = sll16(c, k);
+    return select(cmpeq16(sra16(shifted, k), c), shifted, signSat16(c));
 }
-inline __m128i shiftLeftSat32(__m128i c, __m128i k) {
-    const __m128i shifted = _mm_sll_epi32(c, k);
-    return select(_mm_cmpeq_epi32(_mm_sra_epi32(shifted, k), c), shifted, signSat32(c));
+template <class V>
+V shiftLeftSat32(V c, __m128i k) {
+    const V shifted = sll32(c, k);
+    return select(cmpeq32(sra32(shifted, k), c), shifted, signSat32(c));
 }
 
 // ---- 16-bit members -----------------------------------------------------------
-// The exact result of 8 elements is formed in two vectors of 32-bit lanes.
+// The exact result of a vector of elements is formed in two vectors of
+// 32-bit lanes: the unpacks and the final pack both work inside 128-bit
+// lanes, so the elements come back in order at every width.
 
+template <class V>
 struct Exact16 {
-    __m128i lo, hi;
+    V lo, hi;
 };
-inline __m128i widenLo16(__m128i x) { return _mm_srai_epi32(_mm_unpacklo_epi16(x, x), 16); }
-inline __m128i widenHi16(__m128i x) { return _mm_srai_epi32(_mm_unpackhi_epi16(x, x), 16); }
+template <class V>
+V widenLo16(V x) {
+    return srai32(unpacklo16(x, x), 16);
+}
+template <class V>
+V widenHi16(V x) {
+    return srai32(unpackhi16(x, x), 16);
+}
 
 template <class Op>
 struct Widen16 {
-    static Exact16 exact(__m128i a, __m128i b) {
+    template <class V>
+    static Exact16<V> exact(V a, V b) {
         return {Op::i16(widenLo16(a), widenLo16(b)), Op::i16(widenHi16(a), widenHi16(b))};
     }
-    static __m128i unscaled(__m128i a, __m128i b) { return Op::sat16(a, b); }
+    template <class V>
+    static V unscaled(V a, V b) {
+        return Op::sat16(a, b);
+    }
 };
 template <>
 struct Widen16<Mul> {
-    static Exact16 exact(__m128i a, __m128i b) {
-        const __m128i lo = _mm_mullo_epi16(a, b), hi = _mm_mulhi_epi16(a, b);
-        return {_mm_unpacklo_epi16(lo, hi), _mm_unpackhi_epi16(lo, hi)};
+    template <class V>
+    static Exact16<V> exact(V a, V b) {
+        const V lo = mullo16(a, b), hi = mulhi16(a, b);
+        return {unpacklo16(lo, hi), unpackhi16(lo, hi)};
     }
-    static __m128i unscaled(__m128i a, __m128i b) {
-        const Exact16 e = exact(a, b);
-        return _mm_packs_epi32(e.lo, e.hi);
+    template <class V>
+    static V unscaled(V a, V b) {
+        const Exact16<V> e = exact(a, b);
+        return packs32(e.lo, e.hi);
     }
 };
 
 // Ties-to-even shift right of 32-bit lanes by sf (1..16); the exact 16-bit
 // results are below 2^31 in magnitude, so the sum cannot overflow.
-inline __m128i roundShift32(__m128i s, __m128i sf, __m128i bias) {
-    const __m128i odd = _mm_and_si128(_mm_sra_epi32(s, sf), _mm_set1_epi32(1));
-    return _mm_sra_epi32(_mm_add_epi32(_mm_add_epi32(s, bias), odd), sf);
+template <class V>
+V roundShift32(V s, __m128i sf, V bias) {
+    const V odd = andBits(sra32(s, sf), splat<V>(Vek32s(1)));
+    return sra32(add32(add32(s, bias), odd), sf);
 }
 
 // Picks the kernel for the scale factor once and hands it to run(), which
 // applies it to the vectors (from two arrays, or an array and a constant).
-template <class Op, class Run>
+template <class V, class Op, class Run>
 void scaled16Kernel(int sf, Run run) {
     using W = Widen16<Op>;
     if (sf == 0) {
-        run([](__m128i a, __m128i b) { return W::unscaled(a, b); });
+        run([](V a, V b) { return W::unscaled(a, b); });
     } else if (sf > 16) {
-        run([](__m128i, __m128i) { return _mm_setzero_si128(); });
+        run([](V, V) { return zero<V>(); });
     } else if (sf > 0) {
-        const __m128i count = _mm_cvtsi32_si128(sf), bias = _mm_set1_epi32((1 << (sf - 1)) - 1);
-        run([=](__m128i a, __m128i b) {
-            const Exact16 e = W::exact(a, b);
-            return _mm_packs_epi32(roundShift32(e.lo, count, bias), roundShift32(e.hi, count, bias));
+        const __m128i count = _mm_cvtsi32_si128(sf);
+        const V bias = splat<V>(Vek32s((1 << (sf - 1)) - 1));
+        run([=](V a, V b) {
+            const Exact16<V> e = W::exact(a, b);
+            return packs32(roundShift32(e.lo, count, bias), roundShift32(e.hi, count, bias));
         });
     } else {
         const __m128i count = _mm_cvtsi32_si128(-sf);
-        run([=](__m128i a, __m128i b) { return shiftLeftSat16(W::unscaled(a, b), count); });
+        run([=](V a, V b) { return shiftLeftSat16(W::unscaled(a, b), count); });
     }
 }
 
@@ -146,26 +206,30 @@ template <class Op>
 struct Halves32;
 template <>
 struct Halves32<Add> {  // a + b
-    static __m128i half(__m128i a, __m128i b) {
-        const __m128i carry = _mm_and_si128(_mm_and_si128(a, b), _mm_set1_epi32(1));
-        return _mm_add_epi32(_mm_add_epi32(_mm_srai_epi32(a, 1), _mm_srai_epi32(b, 1)), carry);
+    template <class V>
+    static V half(V a, V b) {
+        const V carry = andBits(andBits(a, b), splat<V>(Vek32s(1)));
+        return add32(add32(srai32(a, 1), srai32(b, 1)), carry);
     }
-    static __m128i saturated(__m128i a, __m128i b) {
-        const __m128i r = _mm_add_epi32(a, b);
-        const __m128i overflow = _mm_srai_epi32(_mm_andnot_si128(_mm_xor_si128(a, b), _mm_xor_si128(a, r)), 31);
-        return select(overflow, signSat32(a), r);
+    template <class V>
+    static V saturated(V a, V b) {
+        const V r = add32(a, b);
+        const V overflow = andNotBits(xorBits(a, b), xorBits(a, r));  // in the sign bit
+        return select(cmpgt32(zero<V>(), overflow), signSat32(a), r);
     }
 };
 template <>
 struct Halves32<SubC> {  // a - b
-    static __m128i half(__m128i a, __m128i b) {
-        const __m128i borrow = _mm_and_si128(_mm_andnot_si128(a, b), _mm_set1_epi32(1));
-        return _mm_sub_epi32(_mm_sub_epi32(_mm_srai_epi32(a, 1), _mm_srai_epi32(b, 1)), borrow);
+    template <class V>
+    static V half(V a, V b) {
+        const V borrow = andBits(andNotBits(a, b), splat<V>(Vek32s(1)));
+        return sub32(sub32(srai32(a, 1), srai32(b, 1)), borrow);
     }
-    static __m128i saturated(__m128i a, __m128i b) {
-        const __m128i r = _mm_sub_epi32(a, b);
-        const __m128i overflow = _mm_srai_epi32(_mm_and_si128(_mm_xor_si128(a, b), _mm_xor_si128(a, r)), 31);
-        return select(overflow, signSat32(a), r);
+    template <class V>
+    static V saturated(V a, V b) {
+        const V r = sub32(a, b);
+        const V overflow = andBits(xorBits(a, b), xorBits(a, r));  // in the sign bit
+        return select(cmpgt32(zero<V>(), overflow), signSat32(a), r);
     }
 };
 
@@ -174,18 +238,20 @@ struct Halves32<SubC> {  // a - b
 //   r = q + ((m + ((l + 2^(sf-1) - 1 + t) >> 1)) >> (sf-1)),
 // where the last term is 0 or 1; q + 1 wraps only at sf = 1, h = 2^31-1,
 // which saturates.
+template <class V>
 struct HalfRound {
-    __m128i shift, low;  // sf - 1, and 2^(sf-1) - 1: both the mask of m and the bias
+    __m128i shift;  // sf - 1
+    V low;          // 2^(sf-1) - 1: both the mask of m and the bias
     explicit HalfRound(int sf)
-        : shift(_mm_cvtsi32_si128(sf - 1)), low(_mm_set1_epi32(static_cast<int>((uint32_t(1) << (sf - 1)) - 1))) {}
-    __m128i operator()(__m128i h, __m128i l) const {
-        const __m128i one = _mm_set1_epi32(1);
-        const __m128i q = _mm_sra_epi32(h, shift);
-        const __m128i m = _mm_and_si128(h, low);
-        const __m128i c = _mm_add_epi32(_mm_add_epi32(l, low), _mm_and_si128(q, one));
-        const __m128i carry = _mm_srl_epi32(_mm_add_epi32(m, _mm_srli_epi32(c, 1)), shift);
-        const __m128i r = _mm_add_epi32(q, carry);
-        return _mm_add_epi32(r, _mm_cmpgt_epi32(q, r));  // INT32_MIN back to INT32_MAX
+        : shift(_mm_cvtsi32_si128(sf - 1)), low(splat<V>(static_cast<Vek32u>((uint32_t(1) << (sf - 1)) - 1))) {}
+    V operator()(V h, V l) const {
+        const V one = splat<V>(Vek32s(1));
+        const V q = sra32(h, shift);
+        const V m = andBits(h, low);
+        const V c = add32(add32(l, low), andBits(q, one));
+        const V carry = srl32(add32(m, srli32(c, 1)), shift);
+        const V r = add32(q, carry);
+        return select(cmpgt32(q, r), sub32(r, one), r);  // INT32_MIN back to INT32_MAX
     }
 };
 
@@ -198,121 +264,151 @@ template <class Op>
 struct SplitRound;
 template <>
 struct SplitRound<Add> {
-    static __m128i wrapped(__m128i a, __m128i b) { return _mm_add_epi32(a, b); }
-    static __m128i combine(__m128i a, __m128i b) { return _mm_add_epi32(a, b); }
-    static __m128i shiftLow(__m128i v, __m128i count) { return _mm_srl_epi32(v, count); }  // v >= 0
+    template <class V>
+    static V combine(V a, V b) {
+        return add32(a, b);
+    }
+    template <class V>
+    static V shiftLow(V v, __m128i count) {  // v >= 0
+        return srl32(v, count);
+    }
 };
 template <>
 struct SplitRound<SubC> {
-    static __m128i wrapped(__m128i a, __m128i b) { return _mm_sub_epi32(a, b); }
-    static __m128i combine(__m128i a, __m128i b) { return _mm_sub_epi32(a, b); }
-    static __m128i shiftLow(__m128i v, __m128i count) { return _mm_sra_epi32(v, count); }
+    template <class V>
+    static V combine(V a, V b) {
+        return sub32(a, b);
+    }
+    template <class V>
+    static V shiftLow(V v, __m128i count) {
+        return sra32(v, count);
+    }
 };
 
 template <class Op>
 struct Operands32 {  // Sub is SubC with its operands swapped
-    static __m128i first(__m128i a, __m128i) { return a; }
-    static __m128i second(__m128i, __m128i b) { return b; }
+    template <class V>
+    static V first(V a, V) {
+        return a;
+    }
+    template <class V>
+    static V second(V, V b) {
+        return b;
+    }
 };
 template <>
 struct Operands32<Sub> {
-    static __m128i first(__m128i, __m128i b) { return b; }
-    static __m128i second(__m128i a, __m128i) { return a; }
+    template <class V>
+    static V first(V, V b) {
+        return b;
+    }
+    template <class V>
+    static V second(V a, V) {
+        return a;
+    }
 };
 
-template <class Op, class Run>
+template <class V, class Op, class Run>
 void scaled32AddKernel(int sf, Run run) {
     using X = Operands32<Op>;
     using Base = std::conditional_t<std::is_same_v<Op, Add>, Add, SubC>;
     using H = Halves32<Base>;
     using S = SplitRound<Base>;
     if (sf == 0) {
-        run([](__m128i a, __m128i b) { return H::saturated(X::first(a, b), X::second(a, b)); });
+        run([](V a, V b) { return H::saturated(X::first(a, b), X::second(a, b)); });
     } else if (sf > 32) {
-        run([](__m128i, __m128i) { return _mm_setzero_si128(); });
+        run([](V, V) { return zero<V>(); });
     } else if (sf >= 2 && sf <= 30) {
-        const __m128i count = _mm_cvtsi32_si128(sf), mask = _mm_set1_epi32((1 << sf) - 1);
-        const __m128i bias = _mm_set1_epi32((1 << (sf - 1)) - 1), one = _mm_set1_epi32(1);
-        run([=](__m128i a, __m128i b) {
-            const __m128i x = X::first(a, b), y = X::second(a, b);
-            const __m128i t = _mm_and_si128(_mm_srl_epi32(S::wrapped(x, y), count), one);
-            const __m128i high = S::combine(_mm_sra_epi32(x, count), _mm_sra_epi32(y, count));
-            const __m128i low = S::combine(_mm_and_si128(x, mask), _mm_and_si128(y, mask));
-            return _mm_add_epi32(high, S::shiftLow(_mm_add_epi32(_mm_add_epi32(low, bias), t), count));
+        const __m128i count = _mm_cvtsi32_si128(sf);
+        const V mask = splat<V>(Vek32s((1 << sf) - 1));
+        const V bias = splat<V>(Vek32s((1 << (sf - 1)) - 1)), one = splat<V>(Vek32s(1));
+        run([=](V a, V b) {
+            const V x = X::first(a, b), y = X::second(a, b);
+            const V t = andBits(srl32(S::combine(x, y), count), one);
+            const V high = S::combine(sra32(x, count), sra32(y, count));
+            const V low = S::combine(andBits(x, mask), andBits(y, mask));
+            return add32(high, S::shiftLow(add32(add32(low, bias), t), count));
         });
     } else if (sf > 0) {  // 1, 31 and 32: through the halves, with saturation
-        const HalfRound round(sf);
-        run([=](__m128i a, __m128i b) {
-            const __m128i x = X::first(a, b), y = X::second(a, b);
-            const __m128i l = _mm_and_si128(_mm_xor_si128(x, y), _mm_set1_epi32(1));
+        const HalfRound<V> round(sf);
+        run([=](V a, V b) {
+            const V x = X::first(a, b), y = X::second(a, b);
+            const V l = andBits(xorBits(x, y), splat<V>(Vek32s(1)));
             return round(H::half(x, y), l);
         });
     } else {
         const __m128i count = _mm_cvtsi32_si128(-sf);
-        run([=](__m128i a, __m128i b) { return shiftLeftSat32(H::saturated(X::first(a, b), X::second(a, b)), count); });
+        run([=](V a, V b) { return shiftLeftSat32(H::saturated(X::first(a, b), X::second(a, b)), count); });
     }
 }
 
 // ---- 32-bit products ----------------------------------------------------------
-// The 64-bit products of the even and odd lanes, two per vector.
+// The 64-bit products of the even and odd lanes, one per 64-bit lane.
 
+template <class V>
 struct Products64 {
-    __m128i even, odd;
+    V even, odd;
 };
-inline Products64 products64(__m128i a, __m128i b) {
-    const __m128i aOdd = _mm_srli_epi64(a, 32), bOdd = _mm_srli_epi64(b, 32);
+template <class V>
+Products64<V> products64(V a, V b) {
+    const V aOdd = srli64(a, 32), bOdd = srli64(b, 32);
 #    ifdef __SSE4_1__
-    return {_mm_mul_epi32(a, b), _mm_mul_epi32(aOdd, bOdd)};
+    return {mulEven32s(a, b), mulEven32s(aOdd, bOdd)};
 #    else
     // Unsigned products, then the signed correction of the high halves:
     // hi(a*b) = hi(ua*ub) - (a < 0 ? b : 0) - (b < 0 ? a : 0).
-    const __m128i fix = _mm_add_epi32(_mm_and_si128(_mm_srai_epi32(a, 31), b), _mm_and_si128(_mm_srai_epi32(b, 31), a));
-    const __m128i hiMask = _mm_set_epi32(-1, 0, -1, 0);
-    const __m128i even = _mm_sub_epi32(_mm_mul_epu32(a, b), _mm_slli_epi64(fix, 32));
-    const __m128i odd = _mm_sub_epi32(_mm_mul_epu32(aOdd, bOdd), _mm_and_si128(fix, hiMask));
+    const V fix = add32(andBits(srai32(a, 31), b), andBits(srai32(b, 31), a));
+    const V hiMask = _mm_set_epi32(-1, 0, -1, 0);
+    const V even = sub32(mulEven32u(a, b), slli64(fix, 32));
+    const V odd = sub32(mulEven32u(aOdd, bOdd), andBits(fix, hiMask));
     return {even, odd};
 #    endif
 }
 
-// Four results from the 64-bit lanes of the even and odd products.  The low
+// The results from the 64-bit lanes of the even and odd products.  The low
 // dwords of y hold the results' low 32 bits; the high dwords of g hold the
 // bits above them, sign-extended, so a result fits when they equal the sign
 // of its low part.
-inline __m128i saturateTo32(__m128i yEven, __m128i yOdd, __m128i gEven, __m128i gOdd) {
+template <class V>
+V saturateTo32(V yEven, V yOdd, V gEven, V gOdd) {
 #    ifdef __SSE4_1__
     // Blends and shifts: no shuffle-port traffic.
-    const __m128i lo = _mm_blend_epi16(yEven, _mm_slli_epi64(yOdd, 32), 0xCC);
-    const __m128i hi = _mm_blend_epi16(_mm_srli_epi64(gEven, 32), gOdd, 0xCC);
-    const __m128i fits = _mm_cmpeq_epi32(hi, _mm_srai_epi32(lo, 31));
+    const V lo = blendOdd32(yEven, slli64(yOdd, 32));
+    const V hi = blendOdd32(srli64(gEven, 32), gOdd);
+    const auto fits = cmpeq32(hi, srai32(lo, 31));
     return select(fits, lo, signSat32(hi));
 #    else
     // Gathered as elements 0, 2, 1, 3 and put back in order at the end.
-    const __m128i lo = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(yEven), _mm_castsi128_ps(yOdd), 0x88));
-    const __m128i hi = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(gEven), _mm_castsi128_ps(gOdd), 0xDD));
-    const __m128i fits = _mm_cmpeq_epi32(hi, _mm_srai_epi32(lo, 31));
+    const V lo = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(yEven), _mm_castsi128_ps(yOdd), 0x88));
+    const V hi = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(gEven), _mm_castsi128_ps(gOdd), 0xDD));
+    const V fits = cmpeq32(hi, srai32(lo, 31));
     return _mm_shuffle_epi32(select(fits, lo, signSat32(hi)), 0xD8);
 #    endif
 }
-inline __m128i saturate64(__m128i even, __m128i odd) { return saturateTo32(even, odd, even, odd); }
+template <class V>
+V saturate64(V even, V odd) {
+    return saturateTo32(even, odd, even, odd);
+}
 
 // Ties-to-even shift of the 64-bit products by sf in 1..32, saturated to
 // 32 bits.  |p| < 2^62, so adding the bias cannot overflow.  A logical
 // shift gives the right low 32 bits (sf <= 32); the bits above them, for
 // the saturation test, come from an arithmetic shift of the high dword.
+template <class V>
 struct RoundShift64 {
-    __m128i count, countHigh, bias;
+    __m128i count, countHigh;
+    V bias;
     explicit RoundShift64(int sf)
         : count(_mm_cvtsi32_si128(sf)),
           countHigh(_mm_cvtsi32_si128(sf - 1)),
-          bias(_mm_set1_epi64x((int64_t(1) << (sf - 1)) - 1)) {}
-    __m128i rounded(__m128i p) const {
-        const __m128i odd = _mm_and_si128(_mm_srl_epi64(p, count), _mm_set_epi32(0, 1, 0, 1));
-        return _mm_add_epi64(_mm_add_epi64(p, bias), odd);
+          bias(splat64<V>((int64_t(1) << (sf - 1)) - 1)) {}
+    V rounded(V p) const {
+        const V odd = andBits(srl64(p, count), splat64<V>(1));
+        return add64(add64(p, bias), odd);
     }
-    __m128i operator()(const Products64& p) const {
-        const __m128i even = rounded(p.even), odd = rounded(p.odd);
-        return saturateTo32(_mm_srl_epi64(even, count), _mm_srl_epi64(odd, count), _mm_sra_epi32(even, countHigh),
-                            _mm_sra_epi32(odd, countHigh));
+    V operator()(const Products64<V>& p) const {
+        const V even = rounded(p.even), odd = rounded(p.odd);
+        return saturateTo32(srl64(even, count), srl64(odd, count), sra32(even, countHigh), sra32(odd, countHigh));
     }
 };
 
@@ -321,54 +417,52 @@ struct RoundShift64 {
 // the operands' low halves (the high half of one of them cleared) replaces
 // the two 64-bit multiplies, and no result of a positive scale needs
 // saturating.
-inline bool shortOperands(__m128i a, __m128i b) {
-    const __m128i half = _mm_set1_epi32(0x8000);  // moves -32768..32767 to 0..65535
-    const __m128i t = _mm_or_si128(_mm_add_epi32(a, half), _mm_add_epi32(b, half));
-#    ifdef __SSE4_1__
-    return _mm_testz_si128(t, _mm_set1_epi32(int(0xFFFF0000u)));
-#    else
-    return _mm_movemask_epi8(_mm_cmpeq_epi16(_mm_srli_epi32(t, 16), _mm_setzero_si128())) == 0xFFFF;
-#    endif
+template <class V>
+bool shortOperands(V a, V b) {
+    const V half = splat<V>(Vek32s(0x8000));  // moves -32768..32767 to 0..65535
+    const V t = orBits(add32(a, half), add32(b, half));
+    return testAllZero(t, splat<V>(Vek32u(0xFFFF0000u)));
 }
-inline __m128i shortProducts(__m128i a, __m128i b) {
-    return _mm_madd_epi16(a, _mm_and_si128(b, _mm_set1_epi32(0xFFFF)));
+template <class V>
+V shortProducts(V a, V b) {
+    return madd16(a, andBits(b, splat<V>(Vek32s(0xFFFF))));
 }
 
 // Ties-to-even shift by sf in 1..30 of 32-bit products |p| <= 2^30 (the
 // sum with the bias stays below 2^31).
+template <class V>
 struct RoundShift32 {
-    __m128i count, bias;
-    explicit RoundShift32(int sf) : count(_mm_cvtsi32_si128(sf)), bias(_mm_set1_epi32((1 << (sf - 1)) - 1)) {}
-    __m128i operator()(__m128i p) const {
-        const __m128i odd = _mm_and_si128(_mm_srl_epi32(p, count), _mm_set1_epi32(1));
-        return _mm_sra_epi32(_mm_add_epi32(_mm_add_epi32(p, bias), odd), count);
+    __m128i count;
+    V bias;
+    explicit RoundShift32(int sf) : count(_mm_cvtsi32_si128(sf)), bias(splat<V>(Vek32s((1 << (sf - 1)) - 1))) {}
+    V operator()(V p) const {
+        const V odd = andBits(srl32(p, count), splat<V>(Vek32s(1)));
+        return sra32(add32(add32(p, bias), odd), count);
     }
 };
 
-template <class Run>
+template <class V, class Run>
 void scaled32MulKernel(int sf, Run run) {
     if (sf == 0) {
-        run([](__m128i a, __m128i b) {
+        run([](V a, V b) {
             if (shortOperands(a, b)) return shortProducts(a, b);
-            const Products64 p = products64(a, b);
+            const Products64<V> p = products64(a, b);
             return saturate64(p.even, p.odd);
         });
     } else if (sf > 32) {
-        run([](__m128i, __m128i) { return _mm_setzero_si128(); });
+        run([](V, V) { return zero<V>(); });
     } else if (sf <= 30 && sf > 0) {
-        const RoundShift64 round(sf);
-        const RoundShift32 roundShort(sf);
-        run([=](__m128i a, __m128i b) {
-            return shortOperands(a, b) ? roundShort(shortProducts(a, b)) : round(products64(a, b));
-        });
+        const RoundShift64<V> round(sf);
+        const RoundShift32<V> roundShort(sf);
+        run([=](V a, V b) { return shortOperands(a, b) ? roundShort(shortProducts(a, b)) : round(products64(a, b)); });
     } else if (sf > 0) {
-        const RoundShift64 round(sf);
-        run([=](__m128i a, __m128i b) { return round(products64(a, b)); });
+        const RoundShift64<V> round(sf);
+        run([=](V a, V b) { return round(products64(a, b)); });
     } else {
         const __m128i count = _mm_cvtsi32_si128(-sf);
-        run([=](__m128i a, __m128i b) {
+        run([=](V a, V b) {
             if (shortOperands(a, b)) return shiftLeftSat32(shortProducts(a, b), count);
-            const Products64 p = products64(a, b);
+            const Products64<V> p = products64(a, b);
             return shiftLeftSat32(saturate64(p.even, p.odd), count);
         });
     }
@@ -379,27 +473,27 @@ void scaled32MulKernel(int sf, Run run) {
 template <class T, class Op, class Run>
 void scaledKernel(int sf, Run run) {
     if constexpr (sizeof(T) == 2)
-        scaled16Kernel<Op>(sf, run);
+        scaled16Kernel<WideI, Op>(sf, run);
     else if constexpr (std::is_same_v<Op, Mul>)
-        scaled32MulKernel(sf, run);
+        scaled32MulKernel<WideI>(sf, run);
     else
-        scaled32AddKernel<Op>(sf, run);
+        scaled32AddKernel<WideI, Op>(sf, run);
 }
 
 template <class T, class Op>
 void scaled(const T* a, const T* b, T* d, int len, int sf) {
     scaledKernel<T, Op>(sf, [&](auto k) {
-        forEachBlock<16 / sizeof(T)>(
-            len, [k](T* out, const T* x, const T* y) { store(out, k(load128i(x), load128i(y))); }, d, a, b);
+        forEachBlock<sizeof(WideI) / sizeof(T)>(
+            len, [k](T* out, const T* x, const T* y) { store(out, k(loadAs<WideI>(x), loadAs<WideI>(y))); }, d, a, b);
     });
 }
 
 template <class T, class Op>
 void scaledConst(const T* a, T v, T* d, int len, int sf) {
-    const __m128i vv = broadcast128(v);
+    const WideI vv = splat<WideI>(v);
     scaledKernel<T, Op>(sf, [&](auto k) {
-        forEachBlock<16 / sizeof(T)>(
-            len, [k, vv](T* out, const T* x) { store(out, k(load128i(x), vv)); }, d, a);
+        forEachBlock<sizeof(WideI) / sizeof(T)>(
+            len, [k, vv](T* out, const T* x) { store(out, k(loadAs<WideI>(x), vv)); }, d, a);
     });
 }
 #endif  // __SSE2__

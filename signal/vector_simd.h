@@ -1,5 +1,6 @@
-// Kernels of the shift, conversion and threshold family for the SSE2 and
-// SSE4.1 levels, one template per algorithm.
+// Kernels of the shift, conversion and threshold family for the SIMD
+// levels, one template per algorithm, written on the lane words of
+// core/simd_lanes.h so that each level runs them on its widest vector.
 //
 // Included by each SIMD level's translation unit inside that level's
 // namespace, after the intrinsics headers; everything here has internal
@@ -7,7 +8,7 @@
 // its own instruction set.  __SSE4_1__ picks the signed 32-bit min/max and
 // the rounding instruction where the level has them.
 //
-// Each kernel works blocks of one to four vectors through forEachBlock
+// Each kernel works blocks of one or two vectors through forEachBlock
 // (core/simd_blocks.h), which takes the last, partial block through the
 // stack.
 #ifndef VEK_SIGNAL_VECTOR_SIMD_H
@@ -15,24 +16,29 @@
 
 #include "core/simd_blocks.h"
 #include "core/simd_vocabulary.h"
+#include "core/simd_lanes.h"
 
 namespace {
 
+using V = WideI;
+using F = WideF;
+constexpr int kLanes32 = sizeof(V) / 4;  // 32-bit lanes of a vector
+
 // ---- shifts: two vectors per block ------------------------------------------
 
-inline __m128i shiftLeft(const Vek16s*, __m128i v, __m128i count) { return _mm_sll_epi16(v, count); }
-inline __m128i shiftLeft(const Vek32s*, __m128i v, __m128i count) { return _mm_sll_epi32(v, count); }
-inline __m128i shiftRight(const Vek16s*, __m128i v, __m128i count) { return _mm_sra_epi16(v, count); }
-inline __m128i shiftRight(const Vek32s*, __m128i v, __m128i count) { return _mm_sra_epi32(v, count); }
+inline V shiftLeft(const Vek16s*, V v, __m128i count) { return sll16(v, count); }
+inline V shiftLeft(const Vek32s*, V v, __m128i count) { return sll32(v, count); }
+inline V shiftRight(const Vek16s*, V v, __m128i count) { return sra16(v, count); }
+inline V shiftRight(const Vek32s*, V v, __m128i count) { return sra32(v, count); }
 
 template <class T>
 void shiftLeftKernel(const T* src, T* dst, int len, int shift) {
-    constexpr int W = 16 / sizeof(T);
+    constexpr int W = sizeof(V) / sizeof(T);
     const __m128i count = _mm_cvtsi32_si128(shift);
     forEachBlock<2 * W>(
         len,
         [count](T* out, const T* in) {
-            const __m128i a = load128i(in), b = load128i(in + W);
+            const V a = loadAs<V>(in), b = loadAs<V>(in + W);
             store(out, shiftLeft(in, a, count));
             store(out + W, shiftLeft(in, b, count));
         },
@@ -41,12 +47,12 @@ void shiftLeftKernel(const T* src, T* dst, int len, int shift) {
 
 template <class T>
 void shiftRightKernel(const T* src, T* dst, int len, int shift) {
-    constexpr int W = 16 / sizeof(T);
+    constexpr int W = sizeof(V) / sizeof(T);
     const __m128i count = _mm_cvtsi32_si128(shift);
     forEachBlock<2 * W>(
         len,
         [count](T* out, const T* in) {
-            const __m128i a = load128i(in), b = load128i(in + W);
+            const V a = loadAs<V>(in), b = loadAs<V>(in + W);
             store(out, shiftRight(in, a, count));
             store(out + W, shiftRight(in, b, count));
         },
@@ -56,22 +62,21 @@ void shiftRightKernel(const T* src, T* dst, int len, int shift) {
 // ---- integer widening and narrowing -------------------------------------------
 
 inline void widenKernel(const Vek16s* src, Vek32s* dst, int len) {
-    forEachBlock<8>(
+    forEachBlock<2 * kLanes32>(
         len,
         [](Vek32s* out, const Vek16s* in) {
-            const __m128i v = load128i(in);
-            store(out, _mm_srai_epi32(_mm_unpacklo_epi16(v, v), 16));
-            store(out + 4, _mm_srai_epi32(_mm_unpackhi_epi16(v, v), 16));
+            store(out, loadExtend<V, Vek16s, Vek32s>(in));
+            store(out + kLanes32, loadExtend<V, Vek16s, Vek32s>(in + kLanes32));
         },
         dst, src);
 }
 
 inline void narrowKernel(const Vek32s* src, Vek16s* dst, int len) {
-    forEachBlock<16>(
+    forEachBlock<4 * kLanes32>(
         len,
         [](Vek16s* out, const Vek32s* in) {
-            store(out, _mm_packs_epi32(load128i(in), load128i(in + 4)));
-            store(out + 8, _mm_packs_epi32(load128i(in + 8), load128i(in + 12)));
+            store(out, packs32Ordered(loadAs<V>(in), loadAs<V>(in + kLanes32)));
+            store(out + 2 * kLanes32, packs32Ordered(loadAs<V>(in + 2 * kLanes32), loadAs<V>(in + 3 * kLanes32)));
         },
         dst, src);
 }
@@ -79,33 +84,33 @@ inline void narrowKernel(const Vek32s* src, Vek16s* dst, int len) {
 // ---- thresholds ------------------------------------------------------------------
 
 struct Above {  // v > level becomes level
-    static __m128i clamp(__m128i v, __m128i level) {
+    static V clamp(V v, V level) {
 #ifdef __SSE4_1__
-        return _mm_min_epi32(v, level);
+        return min32(v, level);
 #else
-        return select(_mm_cmpgt_epi32(v, level), level, v);
+        return select(cmpgt32(v, level), level, v);
 #endif
     }
 };
 struct Below {  // v < level becomes level
-    static __m128i clamp(__m128i v, __m128i level) {
+    static V clamp(V v, V level) {
 #ifdef __SSE4_1__
-        return _mm_max_epi32(v, level);
+        return max32(v, level);
 #else
-        return select(_mm_cmpgt_epi32(level, v), level, v);
+        return select(cmpgt32(level, v), level, v);
 #endif
     }
 };
 
 template <class Side>
 void thresholdKernel(Vek32s* srcDst, int len, Vek32s level) {
-    const __m128i l = _mm_set1_epi32(level);
-    forEachBlock<8>(
+    const V l = splat<V>(level);
+    forEachBlock<2 * kLanes32>(
         len,
         [l](Vek32s* out, const Vek32s* in) {
-            const __m128i a = load128i(in), b = load128i(in + 4);
+            const V a = loadAs<V>(in), b = loadAs<V>(in + kLanes32);
             store(out, Side::clamp(a, l));
-            store(out + 4, Side::clamp(b, l));
+            store(out + kLanes32, Side::clamp(b, l));
         },
         srcDst, srcDst);
 }
@@ -136,16 +141,17 @@ inline double doublePowerOfTwo(int k) {
 // |x| >= 1, so |x| 2^-sf >= 2^-126) the float conversion of x, rounded
 // once, times the power of two gives the once-rounded product (an overflow
 // to infinity included).  Beyond that range the exact product is formed in
-// double and rounded once to float.
+// double and rounded once to float, four at a time at every level (a rare
+// case, kept short).
 inline void toFloatKernel(const Vek32s* src, Vek32f* dst, int len, int scaleFactor) {
     const int sf = clampScale(scaleFactor);
     if (sf >= -126 && sf <= 126) {
-        const __m128 scale = _mm_set1_ps(floatPowerOfTwo(sf));
-        forEachBlock<8>(
+        const F scale = splat<F>(floatPowerOfTwo(sf));
+        forEachBlock<2 * kLanes32>(
             len,
             [scale](Vek32f* out, const Vek32s* in) {
-                store(out, _mm_mul_ps(_mm_cvtepi32_ps(load128i(in)), scale));
-                store(out + 4, _mm_mul_ps(_mm_cvtepi32_ps(load128i(in + 4)), scale));
+                store(out, mulF(toFloat(loadAs<V>(in)), scale));
+                store(out + kLanes32, mulF(toFloat(loadAs<V>(in + kLanes32)), scale));
             },
             dst, src);
     } else {
@@ -164,9 +170,9 @@ inline void toFloatKernel(const Vek32s* src, Vek32f* dst, int len, int scaleFact
 
 // y rounded to the nearest integer, ties to even, independent of the
 // rounding mode; lanes outside the int32 range are fixed up afterwards.
-inline __m128i roundNearestEven(__m128 y) {
+inline V roundNearestEven(F y) {
 #ifdef __SSE4_1__
-    return _mm_cvttps_epi32(_mm_round_ps(y, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+    return truncateToInt(roundNearestF(y));
 #else
     // Truncate, then step away from zero when the (exact) fraction left is
     // above one half, or exactly one half and the truncation is odd.
@@ -182,13 +188,11 @@ inline __m128i roundNearestEven(__m128 y) {
 }
 
 // Saturation and NaN: y >= 2^31 gives INT32_MAX, y < -2^31 INT32_MIN, NaN 0.
-inline __m128i saturateToInt32(__m128 y, __m128i rounded) {
-    const __m128 limit = _mm_set1_ps(2147483648.0f);
-    const __m128i high = _mm_castps_si128(_mm_cmpge_ps(y, limit));
-    const __m128i low = _mm_castps_si128(_mm_cmplt_ps(y, _mm_sub_ps(_mm_setzero_ps(), limit)));
-    const __m128i ordered = _mm_castps_si128(_mm_cmpord_ps(y, y));
-    const __m128i r = select(high, _mm_set1_epi32(INT32_MAX), select(low, _mm_set1_epi32(INT32_MIN), rounded));
-    return _mm_and_si128(r, ordered);
+inline V saturateToInt32(F y, V rounded) {
+    const F limit = splat<F>(2147483648.0f);
+    const V r = select(intMask(cmpgeF(y, limit)), splat<V>(Vek32s(INT32_MAX)),
+                       select(intMask(cmpltF(y, subF(zero<F>(), limit))), splat<V>(Vek32s(INT32_MIN)), rounded));
+    return select(intMask(cmpordF(y, y)), r, zero<V>());
 }
 
 // y = x 2^-sf in float.  A product beyond the float range becomes infinity
@@ -199,14 +203,14 @@ inline __m128i saturateToInt32(__m128 y, __m128i rounded) {
 inline void toIntKernel(const Vek32f* src, Vek32s* dst, int len, int scaleFactor) {
     const int sf = clampScale(scaleFactor);
     const int first = (sf >= -126 && sf <= 126) ? sf : sf / 2;
-    const __m128 scale1 = _mm_set1_ps(floatPowerOfTwo(first)), scale2 = _mm_set1_ps(floatPowerOfTwo(sf - first));
-    forEachBlock<8>(
+    const F scale1 = splat<F>(floatPowerOfTwo(first)), scale2 = splat<F>(floatPowerOfTwo(sf - first));
+    forEachBlock<2 * kLanes32>(
         len,
         [scale1, scale2](Vek32s* out, const Vek32f* in) {
-            const __m128 a = _mm_mul_ps(_mm_mul_ps(load128f(in), scale1), scale2);
-            const __m128 b = _mm_mul_ps(_mm_mul_ps(load128f(in + 4), scale1), scale2);
+            const F a = mulF(mulF(loadAs<F>(in), scale1), scale2);
+            const F b = mulF(mulF(loadAs<F>(in + kLanes32), scale1), scale2);
             store(out, saturateToInt32(a, roundNearestEven(a)));
-            store(out + 4, saturateToInt32(b, roundNearestEven(b)));
+            store(out + kLanes32, saturateToInt32(b, roundNearestEven(b)));
         },
         dst, src);
 }

@@ -7,6 +7,8 @@
 #include <stdint.h>
 #include <string.h>
 
+#include <type_traits>
+
 #include "core/dispatch.h"
 
 namespace vek::sse41 {

@@ -135,6 +135,11 @@ def main():
     problems, functions = [], 0
     for line in text.splitlines():
         h = header.match(line)
+        if h and h.group(1).startswith(".L"):
+            # A local label kept as a symbol (the targets of a switch's jump
+            # table in 32-bit position-independent code): still the function
+            # above it.
+            continue
         if h:
             current = h.group(1)
             level = function_level(current)

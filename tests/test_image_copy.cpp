@@ -6,9 +6,10 @@
 namespace vektest {
 namespace {
 
-// Widths around the vector blocks (16 bytes, 48 bytes) of every sample size.
-const int kWidths[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  11, 12, 13, 15, 16, 17,
-                       20, 23, 24, 25, 31, 32, 33, 47, 48, 49, 63, 64, 65, 100};
+// Widths around the vector blocks (16 to 64 bytes, three vectors) of every
+// sample size; an in-place mirror needs two blocks of 64 pixels.
+const int kWidths[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  11, 12, 13, 15,  16,  17, 20,
+                       23, 24, 25, 31, 32, 33, 47, 48, 49, 63, 64, 65, 100, 128, 129};
 
 // Every width with a random height, then random larger regions.
 template <class Body>
@@ -92,29 +93,33 @@ VEK_DIFF_CASE(vekiCopy_32f_C3P3R, [] {
 
 // The cache-bypassing path of outputs over 2 MiB, contiguous and padded, in
 // one differential round (the regular diff cases cover small images).
-TEST(ImageCopy, LargePlanarToInterleavedMatchesLevelZero) {
+template <class T, class Fn>
+void diffLargePlanar(const Fn* table) {
     for (const int padding : {0, 4}) {
-        const VekiSize roi{1024 + padding / 4, 700};
+        const VekiSize roi{static_cast<int>(1024 / sizeof(T)) + padding / 4, 700};
         ImageLayout in;
         in.paddingBytes = padding;
-        GuardedImage<Vek8u> a(roi.width, roi.height, in), b(roi.width, roi.height, in), c(roi.width, roi.height, in);
-        const Vek8u* planes[3] = {a.origin(), b.origin(), c.origin()};
+        GuardedImage<T> a(roi.width, roi.height, in), b(roi.width, roi.height, in), c(roi.width, roi.height, in);
+        const T* planes[3] = {a.origin(), b.origin(), c.origin()};
         ImageLayout out = in;
         out.paddingBytes = 3 * padding;
-        out.misalignBytes = 5;
-        GuardedImage<Vek8u> dst(3 * roi.width, roi.height, out);
+        out.misalignBytes = sizeof(T) == 1 ? 5 : sizeof(T);
+        GuardedImage<T> dst(3 * roi.width, roi.height, out);
         compareImageLevels(
-            dst,
-            [&](int level) {
-                return vek::vekTable_vekiCopy_8u_P3C3R[level](planes, a.step(), dst.origin(), dst.step(), roi);
-            },
+            dst, [&](int level) { return table[level](planes, a.step(), dst.origin(), dst.step(), roi); },
             "padding " + std::to_string(padding));
         for (int y = 0; y < roi.height; y += 97)
             for (int x = 0; x < roi.width; ++x)
-                ASSERT_TRUE(dst.at(3 * x, y) == a.at(x, y) && dst.at(3 * x + 1, y) == b.at(x, y) &&
-                            dst.at(3 * x + 2, y) == c.at(x, y))
+                ASSERT_TRUE(!memcmp(&dst.at(3 * x, y), &a.at(x, y), sizeof(T)) &&
+                            !memcmp(&dst.at(3 * x + 1, y), &b.at(x, y), sizeof(T)) &&
+                            !memcmp(&dst.at(3 * x + 2, y), &c.at(x, y), sizeof(T)))
                     << x << "," << y;
     }
+}
+TEST(ImageCopy, LargePlanarToInterleavedMatchesLevelZero) {
+    diffLargePlanar<Vek8u>(vek::vekTable_vekiCopy_8u_P3C3R);
+    diffLargePlanar<Vek16s>(vek::vekTable_vekiCopy_16s_P3C3R);
+    diffLargePlanar<Vek32f>(vek::vekTable_vekiCopy_32f_P3C3R);
 }
 
 // ---- sets -------------------------------------------------------------------------

@@ -6,6 +6,8 @@
 //   vek exports           the implementation serving each level of each export
 //   vek gzip, vek zlib    files and pipes compressed by the deflate encoder,
 //                         with gzip's options (vek_compress.cpp)
+//   vek motion            motion search and compensation over two synthetic
+//                         frames (vek_motion.cpp)
 // A command is one line in kCommands.
 #include <chrono>
 #include <cstdio>
@@ -18,6 +20,7 @@
 #include "core/cpu.h"
 #include "core/dispatch.h"
 #include "tools/vek_compress.h"
+#include "tools/vek_motion.h"
 #include "vek.h"
 
 namespace {
@@ -135,6 +138,7 @@ const Command kCommands[] = {
     {"exports", exports, "the implementation serving each level of every export"},
     {"gzip", gzipCommand, VEK_GZIP_SUMMARY},
     {"zlib", zlibCommand, VEK_ZLIB_SUMMARY},
+    {"motion", motionCommand, VEK_MOTION_SUMMARY},
 };
 
 int usage(FILE* out) {

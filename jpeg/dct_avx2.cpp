@@ -1,0 +1,23 @@
+// JPEG DCT, quantisation and level shift, the AVX2 level: a row of eight
+// 32-bit lanes a register, for the integer transforms and the float path.
+// The kernels are shared with the other vector levels (dct_simd.h); this
+// file instantiates them for this level.
+#include <immintrin.h>
+#include <stddef.h>
+#include <stdint.h>
+#include <string.h>
+
+#include <type_traits>
+
+#include "core/dispatch.h"
+#include "core/round_float.h"
+#include "jpeg/dct_checks.h"
+#include "jpeg/dct_exports.h"
+
+namespace vek::avx2 {
+#include "jpeg/dct_simd.h"
+
+VEK_JPEG_DCT_INTEGER_MEMBERS
+VEK_JPEG_DCT_REDUCED_MEMBERS
+VEK_JPEG_DCT_FLOAT_MEMBERS
+}  // namespace vek::avx2

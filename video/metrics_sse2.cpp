@@ -1,0 +1,34 @@
+// Block-matching metrics, the SSE2: psadbw and pmaddwd on 16-byte vectors, one macroblock row at a time.
+// The kernels are shared with the other SIMD levels (metrics_simd.h); this
+// file instantiates them for this level and defines its members.
+#include <immintrin.h>
+#include <stddef.h>
+#include <stdint.h>
+#include <string.h>
+
+#include <array>
+#include <utility>
+
+#include "core/dispatch.h"
+#include "image/image_common.h"
+
+namespace vek::sse2 {
+#include "core/simd_vocabulary.h"
+#include "video/block_predict.h"
+#include "video/video_checks.h"
+
+namespace {
+constexpr int kMaxVector = 16;
+}  // namespace
+
+#include "video/block_simd.h"
+#include "video/metrics_simd.h"
+#include "video/metrics_exports.h"
+
+VEK_SAD_16X16_MEMBER
+VEK_SAD_4X4_MEMBER
+VEK_SAD_BLOCKS_MEMBERS
+VEK_SQR_DIFF_MEMBERS
+VEK_VARIANCE_MEMBER
+
+}  // namespace vek::sse2
