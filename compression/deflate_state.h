@@ -116,11 +116,10 @@ struct DeflateState {
     int linkedEnd = 0;     // positions below it are already in the hash tables
     // The symbol counts of the pairs the match finder wrote from
     // countedFrom to countedEnd, call after call (a call that writes
-    // anywhere else starts them again).  Literals are not counted in a
-    // distance slot: in a run of literals that one increment would wait on
+    // anywhere else starts them again), which the whole-stream driver takes
+    // (emittedCounts) instead of counting its blocks again.  Literals take
+    // no distance slot: in a run of them that one increment would wait on
     // the last.
-    // The whole-stream driver takes them (emittedCounts) instead of counting
-    // its blocks again.
     const Vek16u* countedFrom = nullptr;
     const Vek16u* countedEnd = nullptr;
     Vek32u emittedLitLen[kLitLenSymbols];
