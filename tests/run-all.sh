@@ -23,9 +23,12 @@ skip() { skipped=$((skipped + 1)); results+=("skipped  $1: $2"); echo; echo "===
 build() {  # build PRESET, with warnings as errors
   cmake --preset "$1" -DVEK_WERROR=ON >/dev/null && cmake --build --preset "$1" -j "$jobs"
 }
-# Compiler cache, where installed: a rerun rebuilds only what changed.
+# Compiler cache, where installed: a rerun rebuilds only what changed, also
+# from another checkout of the tree (paths hashed relative to it, and the
+# working directory left out of the debug builds' hashes).
 if command -v ccache >/dev/null; then
   export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+  export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
 fi
 
 # Whether this machine runs 32-bit x86 programs itself (not every kernel
