@@ -1,5 +1,6 @@
 // Benchmark cases of the checksums and the run-length code: CRC-32 and
-// Adler-32 over 64 KiB of random bytes (cache-resident), run-length
+// Adler-32 over 64 KiB of random bytes (cache-resident) and over 16 MiB
+// (from memory), run-length
 // encoding and decoding of 64 KiB of text-like and of run-heavy data.
 #include <memory>
 
@@ -11,10 +12,11 @@ namespace vekbench {
 namespace {
 
 template <class Fn>
-BenchCase checksumCase(const char* name, const char* exportName, const Fn* table) {
-    return {name, exportName, kChecksumBytes, double(kChecksumBytes), [table](int level) {
+BenchCase checksumCase(const char* exportName, const Fn* table, int bytes) {
+    const std::string size = bytes == kChecksumBytes ? "/64KiB" : "/16MiB";
+    return {exportName + size, exportName, bytes, double(bytes), [table, bytes](int level) {
                 static Vek32u value = 1;
-                table[level](randomBytes().data(), kChecksumBytes, &value);
+                table[level](randomBytes(bytes).data(), bytes, &value);
             }};
 }
 
@@ -56,8 +58,10 @@ BenchCase rleCase(const std::string& data, const std::vector<uint8_t>& (*bytes)(
 }  // namespace
 
 VEK_BENCH_FAMILY(checksum) {
-    cases.push_back(checksumCase("veksCRC32_8u/64KiB", "veksCRC32_8u", vek::vekTable_veksCRC32_8u));
-    cases.push_back(checksumCase("veksAdler32_8u/64KiB", "veksAdler32_8u", vek::vekTable_veksAdler32_8u));
+    for (int bytes : {kChecksumBytes, kLargeChecksumBytes}) {
+        cases.push_back(checksumCase("veksCRC32_8u", vek::vekTable_veksCRC32_8u, bytes));
+        cases.push_back(checksumCase("veksAdler32_8u", vek::vekTable_veksAdler32_8u, bytes));
+    }
     for (bool decode : {false, true}) {
         cases.push_back(rleCase("text", textBytes, decode));
         cases.push_back(rleCase("runs", runBytes, decode));

@@ -1,6 +1,6 @@
 // Inputs of the checksum and run-length benchmarks, shared by the cases
 // (bench_checksum.cpp) and the rivals (rivals_checksum.cpp): 64 KiB that
-// stay in cache, made once.
+// stay in cache, and 16 MiB that do not, made once.
 #ifndef VEK_BENCH_CHECKSUM_DATA_H
 #define VEK_BENCH_CHECKSUM_DATA_H
 
@@ -12,15 +12,17 @@
 namespace vekbench {
 
 constexpr int kChecksumBytes = 64 * 1024;
+constexpr int kLargeChecksumBytes = 16 << 20;
 
-inline const std::vector<uint8_t>& randomBytes() {
+inline const std::vector<uint8_t>& randomBytes(int size = kChecksumBytes) {
     static const std::vector<uint8_t> data = [] {
-        std::vector<uint8_t> v(kChecksumBytes);
+        std::vector<uint8_t> v(kLargeChecksumBytes);
         std::mt19937 rng(7);
         for (auto& b : v) b = static_cast<uint8_t>(rng());
         return v;
     }();
-    return data;
+    static const std::vector<uint8_t> small(data.begin(), data.begin() + kChecksumBytes);
+    return size == kChecksumBytes ? small : data;
 }
 
 // Words of a small vocabulary between spaces and line ends: mostly

@@ -1,6 +1,7 @@
 // Benchmark corpora for the deflate encoder (see deflate_corpus.h).
 #include "deflate_corpus.h"
 
+#include <ctype.h>
 #include <string.h>
 
 #include <algorithm>
@@ -55,39 +56,86 @@ std::vector<uint8_t> standIn(bool text) {
     return v;
 }
 
-}  // namespace
-
-const std::vector<uint8_t>& textCorpus() {
-    static const std::vector<uint8_t> corpus = [] {
-        std::vector<uint8_t> v;
-        for (const fs::path& f : filesIn("/usr/share/common-licenses", [](const fs::path&) { return true; }))
-            if (v.size() < kCorpusBytes) append(v, f, kCorpusBytes);
-        std::vector<fs::path> copyrights;
-        std::error_code ec;
-        for (const fs::path& dir : [&] {
-                 std::vector<fs::path> dirs;
-                 for (fs::directory_iterator it("/usr/share/doc", ec), end; !ec && it != end; it.increment(ec))
-                     dirs.push_back(it->path());
-                 std::sort(dirs.begin(), dirs.end());
-                 return dirs;
-             }())
-            if (v.size() < kCorpusBytes && fs::is_regular_file(dir / "copyright", ec))
-                append(v, dir / "copyright", 1 << 20);
-        return v.size() == kCorpusBytes ? v : standIn(true);
-    }();
-    return corpus;
+// The newest vim runtime's doc/*.txt, in name order.
+std::vector<fs::path> vimDocs() {
+    std::vector<fs::path> runtimes;
+    std::error_code ec;
+    for (fs::directory_iterator it("/usr/share/vim", ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        if (name.size() > 3 && name.compare(0, 3, "vim") == 0 && isdigit(static_cast<unsigned char>(name[3])) &&
+            fs::is_directory(it->path() / "doc", ec))
+            runtimes.push_back(it->path() / "doc");
+    }
+    if (runtimes.empty()) return {};
+    std::sort(runtimes.begin(), runtimes.end());
+    return filesIn(runtimes.back(), [](const fs::path& p) { return p.extension() == ".txt"; });
 }
 
-const std::vector<uint8_t>& binaryCorpus() {
-    static const std::vector<uint8_t> corpus = [] {
-        std::vector<uint8_t> v;
-        for (const fs::path& f : filesIn("/usr/lib/x86_64-linux-gnu", [](const fs::path& p) {
-                 return p.filename().string().find(".so.") != std::string::npos;
-             }))
-            if (v.size() < kCorpusBytes) append(v, f, 256 << 10);  // a slice of each of several libraries
-        return v.size() == kCorpusBytes ? v : standIn(false);
+std::vector<uint8_t> wholeFiles(const std::vector<fs::path>& files) {
+    std::vector<uint8_t> v;
+    for (const fs::path& f : files) {
+        std::ifstream in(f, std::ios::binary);
+        v.insert(v.end(), std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    }
+    return v;
+}
+
+// The licences and copyright files of the first 2 MiB of the old corpus,
+// where vim's runtime is missing.
+std::vector<uint8_t> licenceText() {
+    std::vector<uint8_t> v;
+    for (const fs::path& f : filesIn("/usr/share/common-licenses", [](const fs::path&) { return true; }))
+        if (v.size() < kCorpusBytes) append(v, f, kCorpusBytes);
+    std::vector<fs::path> dirs;
+    std::error_code ec;
+    for (fs::directory_iterator it("/usr/share/doc", ec), end; !ec && it != end; it.increment(ec))
+        dirs.push_back(it->path());
+    std::sort(dirs.begin(), dirs.end());
+    for (const fs::path& dir : dirs)
+        if (v.size() < kCorpusBytes && fs::is_regular_file(dir / "copyright", ec))
+            append(v, dir / "copyright", 1 << 20);
+    return v;
+}
+
+struct Corpus {
+    std::vector<uint8_t> bytes;
+    std::string source;
+};
+
+const Corpus& corpus(bool text) {
+    static const Corpus textCorpus = [] {
+        const std::vector<fs::path> docs = vimDocs();
+        Corpus c{wholeFiles(docs), docs.empty() ? "" : docs.front().parent_path().string() + "/*.txt"};
+        if (c.bytes.size() >= kCorpusBytes) return c;
+        c = {licenceText(), "licences and copyright files (vim-runtime is not installed)"};
+        if (c.bytes.size() >= kCorpusBytes) return c;
+        return Corpus{standIn(true), "generated words (vim-runtime is not installed)"};
     }();
-    return corpus;
+    static const Corpus binaryCorpus = [] {
+        std::error_code ec;
+        std::vector<fs::path> files;
+        for (const char* f : {"/usr/bin/cmake", "/usr/lib/x86_64-linux-gnu/libstdc++.so.6"})
+            if (fs::is_regular_file(f, ec)) files.push_back(fs::canonical(f, ec));
+        Corpus c{wholeFiles(files), "/usr/bin/cmake + libstdc++.so.6"};
+        if (files.size() == 2 && c.bytes.size() >= kCorpusBytes) return c;
+        return Corpus{standIn(false), "generated records (cmake or libstdc++ is missing)"};
+    }();
+    return text ? textCorpus : binaryCorpus;
+}
+
+}  // namespace
+
+const std::vector<uint8_t>& textCorpus() { return corpus(true).bytes; }
+const std::vector<uint8_t>& binaryCorpus() { return corpus(false).bytes; }
+const std::string& corpusSource(bool text) { return corpus(text).source; }
+
+const std::vector<uint8_t>& corpusHead(bool text) {
+    static const auto head = [](bool t) {
+        const std::vector<uint8_t>& all = corpus(t).bytes;
+        return std::vector<uint8_t>(all.begin(), all.begin() + std::ptrdiff_t(std::min(all.size(), kCorpusBytes)));
+    };
+    static const std::vector<uint8_t> textHead = head(true), binaryHead = head(false);
+    return text ? textHead : binaryHead;
 }
 
 }  // namespace vekbench

@@ -13,7 +13,7 @@
 
 namespace {
 
-const std::vector<uint8_t>& corpusOf(bool text) { return text ? vekbench::textCorpus() : vekbench::binaryCorpus(); }
+const std::vector<uint8_t>& corpusOf(bool text) { return vekbench::corpusHead(text); }
 
 size_t zlibRaw(const std::vector<uint8_t>& in, std::vector<uint8_t>& out, int level) {
     z_stream z{};
@@ -58,13 +58,3 @@ struct RivalsRegistrar {
 } rivalsRegistrar;
 
 }  // namespace
-
-// Sizes for the ratio report (deflate_ratio.cpp).
-size_t vekRivalZlibSize(const std::vector<uint8_t>& in, int level) {
-    std::vector<uint8_t> out;
-    return zlibRaw(in, out, level);
-}
-size_t vekRivalLibdeflateSize(const std::vector<uint8_t>& in, int level) {
-    std::vector<uint8_t> out;
-    return libdeflateRaw(in, out, level);
-}

@@ -2,18 +2,11 @@
 // blocks (fixed codes, dynamic codes or stored), the choice between fixed
 // and dynamic codes, the zlib/gzip trailer and the stream status.
 //
-// Every coder goes through the state's bit buffer and can stop whenever the
-// output is full: an item (a pair, a header entry, the end-of-block code)
-// is put in only while at most 15 bits wait, so the buffer never holds more
-// than 63, and the state records how far the open block has got.  The next
-// call drains the waiting bytes and goes on, so the bytes are the same
-// however the output is cut.  The last block's coder (VekDeflateLastBlock)
-// pads the bits to a byte boundary and writes them all before it reports
-// the block done and sets the stream status to VekDeflateComplete; the
-// trailer then starts on a byte.
-//
-// All levels share this code: it is table look-ups and shifts, where no
-// vector instruction set helps.
+// The Huffman coders are written once in deflate_block_coder.h; the AVX2
+// and AVX-512 levels compile their own (deflate_block_avx2.cpp, ...).  The
+// rest is the plain level's for every level: the stored block and the
+// trailer are byte copies, the status words and the choice of codes need
+// no vector instructions.
 #include <string.h>
 
 #include "compression/deflate_huffman.h"
@@ -22,212 +15,7 @@
 #include "core/dispatch.h"
 
 namespace vek::plain {
-namespace {
-using namespace vek::deflate;
-using namespace vek::plain::deflate;
-
-// The bit buffer and the output as one call works on them.
-struct BitOutput {
-    Vek8u* dst;
-    int room;
-    Vek64u bits;
-    int count;
-
-    void put(Vek32u value, int n) {
-        bits |= Vek64u(value) << count;
-        count += n;
-    }
-    void drainBytes() {
-        for (; count >= 8 && room > 0; --room, count -= 8, bits >>= 8) *dst++ = Vek8u(bits);
-    }
-    // Drains what it can; true when an item of up to 48 bits may go in.
-    bool ready() {
-        if (room >= 6) {  // whole words while the output has room for them
-            if (count >= 32) store(4);
-            if (count >= 16) store(2);
-            return true;
-        }
-        drainBytes();
-        return count <= 15;
-    }
-    void store(int bytes) {
-        for (int i = 0; i < bytes; ++i) dst[i] = Vek8u(bits >> (8 * i));
-        dst += bytes;
-        room -= bytes;
-        bits >>= 8 * bytes;
-        count -= 8 * bytes;
-    }
-    // With room for 8 bytes: all 8 of the buffer go out in one store, and
-    // the whole ones among them count as written (the rest is rewritten by
-    // the next store, or lies past the output this call reports).
-    void storeWord() {
-#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-        memcpy(dst, &bits, 8);
-#else
-        for (int i = 0; i < 8; ++i) dst[i] = Vek8u(bits >> (8 * i));
-#endif
-        const int whole = count >> 3;
-        dst += whole;
-        room -= whole;
-        bits >>= 8 * whole;
-        count &= 7;
-    }
-};
-
-BitOutput openOutput(Vek8u* dst, int room, const BlockCoder& c) { return {dst, room, c.bitBuffer, c.bitCount}; }
-void keepOutput(const BitOutput& out, Vek8u** ppDst, int* pDstLen, BlockCoder& c) {
-    *ppDst = out.dst;
-    *pDstLen = out.room;
-    c.bitBuffer = out.bits;
-    c.bitCount = out.count;
-}
-
-// No branch per pair: literals and matches alternate at random.
-bool pairsValid(const Vek16u* pairs, int count) {
-    unsigned bad = 0;
-    for (int i = 0; i < count; ++i) {
-        const unsigned value = pairs[2 * i], distance = pairs[2 * i + 1];
-        const unsigned badMatch = (value - kMinMatch > unsigned(kMaxMatch - kMinMatch)) | (distance > kWindowSize);
-        bad |= distance == 0 ? value > 255 : badMatch;
-    }
-    return bad == 0;
-}
-// Pairs coded into an open dynamic block must have codes in it.
-bool pairsCoded(const Vek16u* pairs, int count, const BlockCoder& c) {
-    for (int i = 0; i < count; ++i, pairs += 2) {
-        if (pairs[1] == 0
-                ? !c.litLenBits[pairs[0]]
-                : !c.litLenBits[kFirstLengthSymbol + lengthCodeOf(pairs[0])] || !c.distBits[distanceCodeOf(pairs[1])])
-            return false;
-    }
-    return true;
-}
-
-// Header item `step` of the open block: bits and count.
-struct Item {
-    Vek32u bits;
-    int count;
-};
-int headerItems(const BlockCoder& c) { return c.blockType == kFixedBlock ? 1 : 1 + c.codeLengthsSent + c.runCount; }
-Item headerItem(const BlockCoder& c, int step) {
-    const Vek32u head = Vek32u(c.blockFinal) | Vek32u(c.blockType) << 1;
-    if (c.blockType == kFixedBlock) return {head, 3};
-    if (step == 0)
-        return {
-            head | Vek32u(c.litLenSent - 257) << 3 | Vek32u(c.distSent - 1) << 8 | Vek32u(c.codeLengthsSent - 4) << 13,
-            17};
-    if (step <= c.codeLengthsSent) return {c.codeLengthBits[kCodeLengthOrder[step - 1]], 3};
-    const int k = step - 1 - c.codeLengthsSent, symbol = c.runSymbol[k];
-    const int extraBits = symbol == 16 ? 2 : symbol == 17 ? 3 : symbol == 18 ? 7 : 0;
-    return {c.codeLengthCode[symbol] | Vek32u(c.runExtra[k]) << c.codeLengthBits[symbol],
-            c.codeLengthBits[symbol] + extraBits};
-}
-
-VekStatus stopped(BlockCoder& c) {
-    c.subStatus = kStopped;
-    return StatusDstSize;
-}
-
-// Ends a block: sub-status, and the stream status after the last block.
-VekStatus blockDone(DeflateState& s) {
-    s.coder.subStatus = kNothingPending;
-    if (s.coder.blockFinal) s.streamStatus = VekDeflateComplete;
-    return StatusOk;
-}
-
-VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush,
-                       VekDeflateState* pState) {
-    if (!ppPairs || !*ppPairs || !pPairsLen || !ppDst || !*ppDst || !pDstLen || !pState) return StatusNullPointer;
-    if (*pDstLen < 0 || *pPairsLen < 0) return StatusSize;
-    DeflateState& s = *stateOf(pState);
-    BlockCoder& c = s.coder;
-    if (*pDstLen == 0) return stopped(c);
-    if (c.storedState != kStoredHeader || (c.blockPhase != kNoBlock && c.blockType != type))
-        return StatusContextMismatch;
-    const Vek16u* pairs = *ppPairs;
-    int left = *pPairsLen;
-    if (c.blockPhase <= kPairs) {
-        if (!pairsValid(pairs, left)) return StatusBadArgument;
-        if (c.blockPhase != kNoBlock && type == kDynamicBlock && !pairsCoded(pairs, left, c)) return StatusBadArgument;
-    }
-
-    if (c.blockPhase == kNoBlock) {
-        c.blockType = type;
-        c.blockFinal = flush == VekDeflateLastBlock;
-        c.headerStep = 0;
-        c.blockPhase = kHeader;
-        if (type == kDynamicBlock) {
-            countSymbols(pairs, left, c);
-            buildDynamicCodes(c);
-        }
-    }
-    BitOutput out = openOutput(*ppDst, *pDstLen, c);
-    VekStatus status = StatusDstSize;
-    if (c.blockPhase == kHeader) {
-        for (const int items = headerItems(c); c.headerStep < items && out.ready(); ++c.headerStep) {
-            const Item item = headerItem(c, c.headerStep);
-            out.put(item.bits, item.count);
-        }
-        if (c.headerStep == headerItems(c)) c.blockPhase = kPairs;
-    }
-
-    const bool fixed = type == kFixedBlock;
-    const Vek16u* litLenCode = fixed ? kCodeTables.fixedLitLenCode : c.litLenCode;
-    const Vek8u* litLenBits = fixed ? kCodeTables.fixedLitLenBits : c.litLenBits;
-    if (c.blockPhase == kPairs) {
-        // Length symbol and extra bits of every match length, put in as one.
-        Item lengthItem[kMaxMatch + 1 - kMinMatch];
-        for (int len = kMinMatch; len <= kMaxMatch; ++len) {
-            const int code = lengthCodeOf(len), symbol = kFirstLengthSymbol + code;
-            lengthItem[len - kMinMatch] = {litLenCode[symbol] | Vek32u(len - kLengthBase[code]) << litLenBits[symbol],
-                                           litLenBits[symbol] + kLengthExtra[code]};
-        }
-        Vek8u fixedDistanceBits[kDistSymbols];
-        memset(fixedDistanceBits, 5, sizeof fixedDistanceBits);
-        const Vek16u* distanceCode = fixed ? kCodeTables.fixedDistanceCode : c.distCode;
-        const Vek8u* distanceBits = fixed ? fixedDistanceBits : c.distBits;
-        const auto putPair = [&](const Vek16u* pair) {
-            const Vek16u value = pair[0], distance = pair[1];
-            if (distance == 0) {
-                out.put(litLenCode[value], litLenBits[value]);
-            } else {
-                const Item& length = lengthItem[value - kMinMatch];
-                out.put(length.bits, length.count);
-                const int code = distanceCodeOf(distance);
-                out.put(distanceCode[code] | Vek32u(distance - kDistanceBase[code]) << distanceBits[code],
-                        distanceBits[code] + kDistanceExtra[code]);
-            }
-        };
-        // While 8 bytes of room remain, a pair (at most 48 bits) joins at
-        // most 7 waiting bits and one word store passes the whole bytes on.
-        if (out.ready()) out.drainBytes();
-        if (out.count < 8)
-            for (; left > 0 && out.room >= 8; --left, pairs += 2) {
-                putPair(pairs);
-                out.storeWord();
-            }
-        for (; left > 0 && out.ready(); --left, pairs += 2) putPair(pairs);
-        if (left == 0) c.blockPhase = kEndCode;
-    }
-    if (c.blockPhase == kEndCode && out.ready()) {
-        out.put(litLenCode[kEndOfBlock], litLenBits[kEndOfBlock]);
-        if (c.blockFinal) out.count = (out.count + 7) & ~7;  // the last block ends on a byte
-        c.blockPhase = kClosing;
-    }
-    if (c.blockPhase == kClosing) {
-        out.drainBytes();
-        if (out.count < (c.blockFinal ? 1 : 8)) {
-            c.blockPhase = kNoBlock;
-            status = blockDone(s);
-        }
-    }
-    keepOutput(out, ppDst, pDstLen, c);
-    *ppPairs = pairs;
-    *pPairsLen = left;
-    return status == StatusOk ? status : stopped(c);
-}
-
-}  // namespace
+#include "compression/deflate_block_coder.h"
 
 VekStatus VEK_CALL veksEncodeLZ77GetStatus_8u(int* pStatus, VekDeflateState* pState) {
     if (!pStatus || !pState) return StatusNullPointer;
@@ -239,6 +27,7 @@ VekStatus VEK_CALL veksEncodeLZ77SetStatus_8u(int status, VekDeflateState* pStat
     if (!pState) return StatusNullPointer;
     DeflateState& s = *stateOf(pState);
     s.streamStatus = status;
+    s.coder.countedPairs = nullptr;
     if (status == VekDeflateMatching) {  // an empty list in the state's own storage
         s.pairs = s.pairStorage;
         s.pairCount = 0;
@@ -264,6 +53,7 @@ VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pai
     Vek16u firstSeen[kLitLenSymbols];
     int distinct = 0;
     countSymbols(pPairs, pairsCount, c, firstSeen, &distinct);
+    c.countedPairs = nullptr;  // the tables hold these pairs' counts now
 
     // The skew test: the largest count against the count of the symbol at
     // the count-weighted mean rank of first appearance.
@@ -286,15 +76,7 @@ VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs, int pai
     return StatusOk;
 }
 
-VekStatus VEK_CALL veksEncodeLZ77FixedHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen,
-                                              int flush, VekDeflateState* pState) {
-    return huffmanBlock(kFixedBlock, ppPairs, pPairsLen, ppDst, pDstLen, flush, pState);
-}
-
-VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen,
-                                                int flush, VekDeflateState* pState) {
-    return huffmanBlock(kDynamicBlock, ppPairs, pPairsLen, ppDst, pDstLen, flush, pState);
-}
+VEK_HUFFMAN_BLOCK_EXPORTS
 
 VekStatus VEK_CALL veksEncodeLZ77StoredBlock_8u(const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst, int* pDstLen,
                                                 int flush, VekDeflateState* pState) {

@@ -1,8 +1,8 @@
 // The deflate match finder: one call of veksEncodeLZ77_8u, written once
 // for every level.
 //
-// Include INSIDE a level namespace, after <string.h>, deflate_state.h and
-// deflate_hash_tables.h outside it, and after defining in the namespace
+// Include INSIDE a level namespace, after <string.h>, deflate_state.h,
+// deflate_tables.h and deflate_hash_tables.h outside it, and after defining in the namespace
 //   int matchLength(const Vek8u* candidate, const Vek8u* current, int maxLen);
 // which counts the leading equal bytes of the two strings, at most maxLen,
 // and
@@ -40,6 +40,19 @@ constexpr int kMaxDistance = deflate::kWindowSize - 1;  // farthest a candidate 
 // The fast class's rolling hash h = ((h << 5) ^ byte) & 0x7FFF after the
 // three bytes from b on, and the other classes' table hash.
 inline int rollingHash(const Vek8u* b) { return ((b[0] << 10) ^ (b[1] << 5) ^ b[2]) & 0x7FFF; }
+// Whether the strings at a and b start with the same three bytes: one
+// 4-byte compare, where both have a fourth byte to read.  It settles
+// most candidates of the fast class sooner than a full compare would.
+inline bool firstThreeEqual(const Vek8u* a, const Vek8u* b) {
+    uint32_t x, y;
+    memcpy(&x, a, 4);
+    memcpy(&y, b, 4);
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+    return ((x ^ y) >> 8) == 0;
+#else
+    return ((x ^ y) << 8) == 0;
+#endif
+}
 inline int tableHash(const Vek8u* b) { return kHashTables[0][b[0]] ^ kHashTables[1][b[1]] ^ kHashTables[2][b[2]]; }
 
 // Puts position q, whose bytes start at b, at the head of its chain.
@@ -91,13 +104,24 @@ private:
         s_.linkedEnd = q + 1;
     }
 
+    // Each pair is counted as it is written (see DeflateState::countedFrom):
+    // the loops wait on loads, so the counting comes almost free.
     void emit(int value, int distance) {
         pairs_[2 * pairCount_] = static_cast<Vek16u>(value);
         pairs_[2 * pairCount_ + 1] = static_cast<Vek16u>(distance);
         ++pairCount_;
         --pairSpace_;
     }
-    void emitLiteral(int p) { emit(src_[p - base_], 0); }
+    void emitMatch(int length, int distance) {
+        emit(length, distance);
+        ++s_.emittedLitLen[deflate::kFirstLengthSymbol + deflate::lengthCodeOf(length)];
+        ++s_.emittedDist[deflate::distanceCodeOf(distance)];
+    }
+    void emitLiteral(int p) {
+        const int value = src_[p - base_];
+        emit(value, 0);
+        ++s_.emittedLitLen[value];
+    }
 
     struct Match {
         int length = 0, distance = 0;
@@ -163,25 +187,54 @@ private:
     }
 
     // Fast: one candidate, the last position with the same rolling hash.
-    // Positions from base_ on are in the input, so the current bytes are
-    // addressed there directly.
+    // Both strings have a fourth byte to read: the candidate lies before
+    // the current position, and the current one has the call's last two
+    // bytes beyond its longest match.  Positions from base_ on are in the input, so the current bytes are
+    // addressed there directly.  The loop works on local copies of the
+    // finder's fields: its stores to the head table (ints) could otherwise
+    // alias them and force a reload after every store.
     int runFast(int p) {
-        for (; p < end_ - 2 && pairSpace_ > 0;) {
-            const int maxLen = maxLength(p, 2);
-            const Vek8u* cur = src_ + (p - base_);
-            int& head = s_.head[rollingHash(cur)];
-            const int c = head;
-            head = p;
+        const int end = end_, base = base_, lowest = lowest_;
+        const Vek8u* const src = src_;
+        const Vek8u* const history = s_.history + histFill_;  // position q < base at history[q - base]
+        int32_t* const heads = s_.head;
+        Vek16u* out = pairs_ + 2 * pairCount_;
+        int space = pairSpace_;
+        Vek32u* const litLenCounts = s_.emittedLitLen;
+        Vek32u* const distCounts = s_.emittedDist;
+        for (; p < end - 2 && space > 0; --space, out += 2) {
+            const int room = end - p - 2, maxLen = room < deflate::kMaxMatch ? room : deflate::kMaxMatch;
+            const Vek8u* cur = src + (p - base);
+            int hash = rollingHash(cur);
+            const int c = heads[hash];
+            heads[hash] = p;
+            const int oldest = p - kMaxDistance > lowest ? p - kMaxDistance : lowest;
             int len = 0;
-            if (maxLen >= deflate::kMinMatch && c >= oldestCandidate(p) && c < p) len = matchLength(at(c), cur, maxLen);
+            if (maxLen >= deflate::kMinMatch && c >= oldest && c < p) {
+                const Vek8u* candidate = c < base ? history + (c - base) : src + (c - base);
+                if (firstThreeEqual(candidate, cur))
+                    len = deflate::kMinMatch + matchLength(candidate + deflate::kMinMatch, cur + deflate::kMinMatch,
+                                                           maxLen - deflate::kMinMatch);
+            }
             if (len >= deflate::kMinMatch) {
-                emit(len, p - c);
-                for (int q = 1; q < len; ++q) s_.head[rollingHash(cur + q)] = p + q;
+                out[0] = static_cast<Vek16u>(len);
+                out[1] = static_cast<Vek16u>(p - c);
+                ++litLenCounts[deflate::kFirstLengthSymbol + deflate::lengthCodeOf(len)];
+                ++distCounts[deflate::distanceCodeOf(p - c)];
+                for (int q = 1; q < len; ++q) {  // the hash rolls on by the byte that enters it
+                    hash = ((hash << 5) ^ cur[q + 2]) & 0x7FFF;
+                    heads[hash] = p + q;
+                }
                 p += len;
             } else {
-                emitLiteral(p++);
+                out[0] = *cur;
+                out[1] = 0;
+                ++litLenCounts[*cur];
+                ++p;
             }
         }
+        pairCount_ += pairSpace_ - space;
+        pairSpace_ = space;
         return p;
     }
 
@@ -191,7 +244,7 @@ private:
             link(p);
             const Match m = search(p, maxLength(p, 2), 16);
             if (m.length >= deflate::kMinMatch) {
-                emit(m.length, m.distance);
+                emitMatch(m.length, m.distance);
                 for (int q = p + 1; q < p + m.length; ++q) link(q);
                 p += m.length;
             } else {
@@ -222,7 +275,7 @@ private:
             const bool worthIt =
                 cur.length > deflate::kMinMatch || (cur.length == deflate::kMinMatch && cur.distance <= 4096);
             if (worthIt && cur.length >= next.length) {
-                emit(cur.length, cur.distance);
+                emitMatch(cur.length, cur.distance);
                 for (int q = p + 2; q < p + cur.length; ++q) link(q);
                 p += cur.length;
                 carried = false;
@@ -301,6 +354,11 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
     const int histFill = static_cast<int>(s.historyPos - s.history);
     memcpy(s.history + histFill, src, srcLen < deflate::kMaxMatch ? srcLen : deflate::kMaxMatch);
 
+    if (s.countedEnd != *ppPairs) {  // a new list: its counts start from 0
+        memset(s.emittedLitLen, 0, sizeof s.emittedLitLen);
+        memset(s.emittedDist, 0, sizeof s.emittedDist);
+        s.countedFrom = *ppPairs;
+    }
     int lowest = cut ? 1 : 0;
     if (base - histFill > lowest) lowest = base - histFill;
     MatchFinder finder(s, src, base, histFill, base + srcLen, *ppPairs, pairSpace, lowest);
@@ -321,6 +379,7 @@ VekStatus encodeLz77(const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* p
     *ppSrc = src + consumed;
     *pSrcLen = srcLen - consumed;
     *ppPairs += 2 * finder.pairsWritten();
+    s.countedEnd = *ppPairs;
     *pPairsLen = pairSpace - finder.pairsWritten();
     return consumed < srcLen ? StatusDstSize : status;
 }

@@ -10,6 +10,7 @@
 
 #include "compression/deflate_hash_tables.h"
 #include "compression/deflate_state.h"
+#include "compression/deflate_tables.h"
 #include "core/dispatch.h"
 
 namespace vek::plain {
@@ -60,6 +61,7 @@ void restart(DeflateState& s) {
     s.streamStatus = VekDeflateNotBegun;
     s.lastFlush = VekDeflateNoFlush;
     s.linkedEnd = 0;
+    s.countedFrom = s.countedEnd = nullptr;
 }
 
 }  // namespace

@@ -68,6 +68,15 @@ struct BlockCoder {
     Vek8u litLenBits[kLitLenSymbols] = {};
     Vek16u distCode[kDistSymbols] = {};
     Vek8u distBits[kDistSymbols] = {};
+    // The open Huffman block's length symbol and extra bits of every match
+    // length, put in as one item: made once when the block opens, so a call
+    // that resumes it costs only what it writes.
+    Vek32u lengthItemBits[kMaxMatch + 1 - kMinMatch] = {};
+    Vek8u lengthItemCount[kMaxMatch + 1 - kMinMatch] = {};
+    int shortestCode = 1;  // bits of the open block's shortest literal/length code
+    // The addresses of the pairs checked since the block opened: a call
+    // that goes on with the same list checks only pairs beyond them.
+    uintptr_t checkedFrom = 0, checkedTo = 0;
     // The dynamic block's header: the counts sent, the code-length code and
     // the run-length coded code lengths (symbol 0..18 and its extra bits).
     int litLenSent = 0, distSent = 0, codeLengthsSent = 0;
@@ -76,6 +85,12 @@ struct BlockCoder {
     int runCount = 0;
     Vek8u runSymbol[kLitLenSymbols + kDistSymbols] = {};
     Vek8u runExtra[kLitLenSymbols + kDistSymbols] = {};
+    // The block whose counts giveBlockCounts put in litLen / dist: a dynamic
+    // coder that opens a block of exactly these pairs codes with them
+    // instead of counting again.  Every status change and every block
+    // opened drops them.
+    const Vek16u* countedPairs = nullptr;
+    int countedCount = -1;
 };
 
 struct DeflateState {
@@ -99,6 +114,16 @@ struct DeflateState {
     int streamStatus = 0;  // VekDeflateNotBegun ...: read and written by Get/SetStatus and the coders
     int lastFlush = 0;     // flush mode of the previous encoding call
     int linkedEnd = 0;     // positions below it are already in the hash tables
+    // The symbol counts of the pairs the match finder wrote from
+    // countedFrom to countedEnd, call after call (a call that writes
+    // anywhere else starts them again), which the whole-stream driver takes
+    // (emittedCounts) instead of counting its blocks again.  Literals take
+    // no distance slot: in a run of them that one increment would wait on
+    // the last.
+    const Vek16u* countedFrom = nullptr;
+    const Vek16u* countedEnd = nullptr;
+    Vek32u emittedLitLen[kLitLenSymbols];
+    Vek32u emittedDist[kDistSymbols];
 
     Vek8u history[kHistorySize];
     Pair pairStorage[kPairCapacity];
@@ -106,6 +131,29 @@ struct DeflateState {
 
 inline DeflateState* stateOf(VekDeflateState* p) { return reinterpret_cast<DeflateState*>(p); }
 inline const DeflateState* stateOf(const VekDeflateState* p) { return reinterpret_cast<const DeflateState*>(p); }
+
+// The counts of the `count` pairs at `pairs` when the match finder wrote
+// exactly those (see countedFrom), else null; the end of block is not
+// counted.
+inline const DeflateState* emittedCounts(const VekDeflateState* p, const Vek16u* pairs, int count) {
+    const DeflateState* s = stateOf(p);
+    return s->countedFrom == pairs && s->countedEnd == pairs + 2 * count ? s : nullptr;
+}
+
+// For the whole-stream driver, which counts a block's symbols anyway to
+// choose its type: after veksEncodeLZ77SetStatus_8u(VekDeflateCoding), hands
+// those counts (litLen[286] and dist[30] as countPairSymbols adds them up)
+// to the dynamic coder of the block of the `count` pairs at `pairs`.  They
+// must be the counts of those pairs: the coder builds its codes from them.
+inline void giveBlockCounts(VekDeflateState* p, const Vek16u* pairs, int count, const uint32_t* litLen,
+                            const uint32_t* dist) {
+    BlockCoder& c = stateOf(p)->coder;
+    for (int s = 0; s < kLitLenSymbols; ++s) c.litLen[s] = {Vek32u(s), litLen[s]};
+    c.litLen[256].count = 1;  // the end-of-block code, once
+    for (int s = 0; s < kDistSymbols; ++s) c.dist[s] = {Vek32u(s), dist[s]};
+    c.countedPairs = pairs;
+    c.countedCount = count;
+}
 
 }  // namespace vek::deflate
 

@@ -35,6 +35,10 @@ struct CodeTables {
     uint16_t fixedLitLenCode[288];  // fixed codes, bit-reversed for least-significant-first output
     uint8_t fixedLitLenBits[288];
     uint16_t fixedDistanceCode[kDistanceCodes];
+    // For counting: the literal/length symbol of a pair by value + 512 for a
+    // match, and its distance code by countSlot(distance) (30: a literal).
+    uint16_t pairSymbol[1024];
+    uint8_t distanceSlot[513];
 };
 
 constexpr int codeOfLength(int length) {
@@ -73,6 +77,12 @@ constexpr CodeTables makeCodeTables() {
         t.fixedLitLenBits[s] = static_cast<uint8_t>(bits);
     }
     for (int d = 0; d < kDistanceCodes; ++d) t.fixedDistanceCode[d] = static_cast<uint16_t>(reverseBits(d, 5));
+    for (int v = 0; v < 512; ++v) t.pairSymbol[v] = static_cast<uint16_t>(v < 256 ? v : 0);
+    for (int v = 0; v < 512; ++v)
+        t.pairSymbol[512 + v] =
+            static_cast<uint16_t>(v >= 3 && v <= 258 ? kFirstLengthSymbol + codeOfLength(v) : kFirstLengthSymbol);
+    for (int i = 0; i < 512; ++i) t.distanceSlot[i] = t.distanceCode[i];
+    t.distanceSlot[512] = kDistanceCodes;
     return t;
 }
 
@@ -86,18 +96,33 @@ inline int distanceCodeOf(int distance) {
 
 // Counts the literal/length symbols and the distance codes of valid pairs
 // (literals and matches both), adding to litLen[286] and dist[31]: a
-// literal adds to the spare dist[30].  Selections go by masks, which
-// compilers keep free of branches: literals and matches alternate at random.
+// literal adds to the spare dist[30].  One table look-up each, by indexes
+// that compilers compute free of branches: literals and matches alternate
+// at random.
+// Four pairs in a row count into four copies of the tables, so a run of
+// literals (each adding to dist[30]) or of one symbol does not wait on its
+// own last increment; the copies are named apart so that their addresses
+// are constant offsets.
 inline void countPairSymbols(const uint16_t* pairs, int count, uint32_t* litLen, uint32_t* dist) {
-    for (int i = 0; i < count; ++i, pairs += 2) {
-        const unsigned value = pairs[0], distance = pairs[1];
-        const unsigned match = 0u - unsigned(distance != 0);
-        const unsigned lengthSymbol = kFirstLengthSymbol + kCodeTables.lengthCode[(value - 3) & 0xFF];
-        const unsigned d = (distance - 1) & 0x7FFF, far = 0u - unsigned(d >= 256);
-        const unsigned distanceCode = kCodeTables.distanceCode[d ^ ((d ^ (256 + (d >> 7))) & far)];
-        ++litLen[value ^ ((value ^ lengthSymbol) & match)];
-        ++dist[kDistanceCodes ^ ((kDistanceCodes ^ distanceCode) & match)];
+    constexpr int kCopies = 4, kLitLen = 286, kDist = kDistanceCodes + 1;
+    uint32_t lit[kCopies][kLitLen] = {}, dis[kCopies][kDist] = {};
+    const auto countOne = [](const uint16_t* pair, uint32_t* lit, uint32_t* dis) {
+        const unsigned value = pair[0], distance = pair[1];
+        const unsigned d = distance - 1, far = 256 + (d >> 7);  // a literal's d is past every distance
+        const unsigned slot = d < 256 ? d : far < 512 ? far : 512;
+        ++lit[kCodeTables.pairSymbol[(value & 511) | unsigned(distance != 0) << 9]];
+        ++dis[kCodeTables.distanceSlot[slot]];
+    };
+    int i = 0;
+    for (; i + kCopies <= count; i += kCopies, pairs += 2 * kCopies) {
+        countOne(pairs, lit[0], dis[0]);
+        countOne(pairs + 2, lit[1], dis[1]);
+        countOne(pairs + 4, lit[2], dis[2]);
+        countOne(pairs + 6, lit[3], dis[3]);
     }
+    for (; i < count; ++i, pairs += 2) countOne(pairs, lit[0], dis[0]);
+    for (int s = 0; s < kLitLen; ++s) litLen[s] += lit[0][s] + lit[1][s] + lit[2][s] + lit[3][s];
+    for (int s = 0; s < kDist; ++s) dist[s] += dis[0][s] + dis[1][s] + dis[2][s] + dis[3][s];
 }
 
 }  // namespace vek::deflate

@@ -195,11 +195,12 @@ VEK_EXPORT(vekiComplement_32s_C1IR, plain, plain, sse2, sse2, sse2, sse2, avx2, 
 
 
 // ---- checksums (compression/) ----------------------------------------------
-// Adler-32: psadbw/pmaddwd from SSE2, pmaddubsw from SSSE3.  CRC-32: three
-// interleaved slicing streams from level 1, 64 pshufb lanes from SSSE3
-// (no carry-less multiply).
-VEK_EXPORT(veksAdler32_8u,    plain, plain, sse2,  sse2,  ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pAdler))
-VEK_EXPORT(veksCRC32_8u,      plain, sse,   sse,   sse,   ssse3, ssse3, ssse3, ssse3, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pCrc))
+// Adler-32: psadbw/pmaddwd from SSE2, pmaddubsw from SSSE3, 64-byte chunks
+// from AVX2.  CRC-32: three interleaved slicing streams from level 1, 64
+// pshufb lanes from SSSE3, carry-less multiply folding from AVX2 (PCLMULQDQ)
+// and AVX-512 (VPCLMULQDQ on 512 bits).
+VEK_EXPORT(veksAdler32_8u,    plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pAdler))
+VEK_EXPORT(veksCRC32_8u,      plain, sse,   sse,   sse,   ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int len, Vek32u* pCrc))
 
 
 // ---- run-length coding (compression/) --------------------------------------
@@ -210,25 +211,28 @@ VEK_EXPORT(veksDecodeRLE_8u,  plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  s
 
 // ---- the deflate encoder: state and match finding (compression/) -----------
 // The state's own exports need no SIMD; matching compares 16 bytes at a
-// time from SSE2 on.
+// time from SSE2 on, 32 from AVX2, and each level from SSSE3 on keeps the
+// running checksum with its own level's checksum kernels.
 VEK_EXPORT(veksEncodeLZ77GetSize_8u,       plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (int* pSize))
 VEK_EXPORT(veksEncodeLZ77Init_8u,          plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (int comprClass, int checksumKind, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77InitAlloc_8u,     plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (int comprClass, int checksumKind, VekDeflateState** ppState))
 VEK_EXPORT(veksLZ77Free_8u,                plain, plain, plain, plain, plain, plain, plain, plain, void,      (void* pState))
 VEK_EXPORT(veksEncodeLZ77Reset_8u,         plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77SetDictionary_8u, plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u* pDict, int dictLen, VekDeflateState* pState))
-VEK_EXPORT(veksEncodeLZ77_8u,              plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2,  VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* pPairsLen, int flush, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77_8u,              plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek16u** ppPairs, int* pPairsLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77GetPairs_8u,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (Vek16u** ppPairs, int* pPairsCount, int* pPairsCapacity, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77SetPairs_8u,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (Vek16u* pPairs, int pairsCount, int pairsCapacity, VekDeflateState* pState))
 
 
 // ---- the deflate encoder: block coding and trailer (compression/) ----------
-// Bit packing and table look-ups: every level shares the plain code.
+// Bit packing and table look-ups: the plain code, compiled again for AVX2
+// and AVX-512 in the Huffman coders (the pairs checked by vectors, BMI2
+// shifts).
 VEK_EXPORT(veksEncodeLZ77GetStatus_8u,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (int* pStatus, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77SetStatus_8u,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (int status, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77SelectHuffMode_8u, plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16u* pPairs, int pairsCount, int* pHuffMode, VekDeflateState* pState))
-VEK_EXPORT(veksEncodeLZ77FixedHuff_8u,      plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
-VEK_EXPORT(veksEncodeLZ77DynamicHuff_8u,    plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77FixedHuff_8u,      plain, plain, plain, plain, plain, plain, avx2,  avx512, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
+VEK_EXPORT(veksEncodeLZ77DynamicHuff_8u,    plain, plain, plain, plain, plain, plain, avx2,  avx512, VekStatus, (const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77StoredBlock_8u,    plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (const Vek8u** ppSrc, int* pSrcLen, Vek8u** ppDst, int* pDstLen, int flush, VekDeflateState* pState))
 VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, plain, plain, plain, VekStatus, (Vek8u** ppDst, int* pDstLen, VekDeflateState* pState))
 

@@ -2,11 +2,11 @@
 #include "deflate_stream/deflate_stream.h"
 
 #include <limits.h>
-#include <math.h>
 #include <string.h>
 
 #include <algorithm>
 
+#include "compression/deflate_state.h"
 #include "compression/deflate_tables.h"
 #include "core/dispatch.h"
 
@@ -39,38 +39,68 @@ Entries entriesOf(int level) {
     return e;
 }
 
-// Estimated bits of the pairs under each block type.  Fixed is exact;
-// dynamic is the entropy of the symbol counts plus a header guess, which
-// is a little below what the real code costs.
+// Estimated bits of the pairs under each block type, in 1/65536 bits.
+// Fixed and stored are exact; dynamic is the entropy of the symbol counts
+// plus a header guess, which is a little below what the real code costs.
+// All integer, so every platform chooses the same blocks (x87 and SSE
+// doubles could round a close call differently).
+constexpr int kFractionBits = 16;
+constexpr uint64_t kOneBit = uint64_t(1) << kFractionBits;
+
 struct SizeEstimate {
-    double fixedBits = 0, dynamicBits = 0, storedBits = 0;
+    uint64_t fixedBits = 0, dynamicBits = 0, storedBits = 0;
 };
 
-double entropyBits(const uint32_t* counts, int n) {
-    uint64_t total = 0;
-    int used = 0;
-    for (int i = 0; i < n; ++i) total += counts[i], used += counts[i] != 0;
-    double bits = 0;
-    for (int i = 0; i < n; ++i)
-        if (counts[i]) bits += counts[i] * std::max(1.0, log2(double(total) / counts[i]));
-    return bits + 4.0 * used;  // about what sending a code length costs
+// log2(n) for n >= 1 in 1/65536 units, rounded down: the integer part from
+// the highest set bit, each fraction bit from squaring the mantissa.
+uint64_t log2Fixed(uint32_t n) {
+    int whole = 31;
+    while (!(n >> whole)) --whole;
+    uint64_t m = uint64_t(n) << (31 - whole);  // the mantissa in [1, 2), 31 fraction bits
+    uint32_t fraction = 0;
+    for (int bit = kFractionBits - 1; bit >= 0; --bit) {
+        m = (m * m) >> 31;
+        if (m >> 32) {
+            m >>= 1;
+            fraction |= 1u << bit;
+        }
+    }
+    return uint64_t(whole) << kFractionBits | fraction;
 }
 
-SizeEstimate estimate(const Vek16u* pairs, int count, size_t rawLen) {
+uint64_t entropyBits(const uint32_t* counts, int n) {
+    uint32_t total = 0;
+    int used = 0;
+    for (int i = 0; i < n; ++i) total += counts[i], used += counts[i] != 0;
+    const uint64_t log2Total = total ? log2Fixed(total) : 0;
+    uint64_t bits = 0;
+    for (int i = 0; i < n; ++i)
+        if (counts[i]) bits += counts[i] * std::max(kOneBit, log2Total - log2Fixed(counts[i]));
+    return bits + 4 * kOneBit * uint64_t(used);  // about what sending a code length costs
+}
+
+// The symbol counts of a block's pairs: litLen[256] (end of block) is 1;
+// dist[30] is room for the literals countPairSymbols adds there.
+struct BlockCounts {
     uint32_t litLen[kLitLenCount] = {}, dist[kDistCount + 1] = {};
-    countPairSymbols(pairs, count, litLen, dist);
+};
+
+SizeEstimate estimate(const BlockCounts& counts, size_t rawLen) {
+    const uint32_t* litLen = counts.litLen;
+    const uint32_t* dist = counts.dist;
     uint64_t extraBits = 0;  // from the counts: no work per pair
     for (int c = 0; c < kLengthCodes; ++c) extraBits += uint64_t(litLen[kFirstLengthSymbol + c]) * kLengthExtra[c];
     for (int c = 0; c < kDistCount; ++c) extraBits += uint64_t(dist[c]) * kDistanceExtra[c];
-    litLen[kEndOfBlock] = 1;
-    SizeEstimate e;
+    uint64_t fixedBits = extraBits + 3;
     for (int s = 0; s < kLitLenCount; ++s)
-        e.fixedBits += double(litLen[s]) * (s < 144 ? 8 : s < 256 ? 9 : s < 280 ? 7 : 8);
-    for (int d = 0; d < kDistCount; ++d) e.fixedBits += 5.0 * dist[d];
-    e.fixedBits += double(extraBits) + 3;
-    e.dynamicBits = entropyBits(litLen, kLitLenCount) + entropyBits(dist, kDistCount) + double(extraBits) + 3 + 14 + 57;
+        fixedBits += uint64_t(litLen[s]) * (s < 144 ? 8 : s < 256 ? 9 : s < 280 ? 7 : 8);
+    for (int d = 0; d < kDistCount; ++d) fixedBits += 5 * uint64_t(dist[d]);
+    SizeEstimate e;
+    e.fixedBits = fixedBits * kOneBit;
+    e.dynamicBits =
+        entropyBits(litLen, kLitLenCount) + entropyBits(dist, kDistCount) + (extraBits + 3 + 14 + 57) * kOneBit;
     const size_t blocks = std::max<size_t>(1, (rawLen + kStoredMax - 1) / kStoredMax);
-    e.storedBits = 8.0 * (rawLen + 5 * blocks) + 7;
+    e.storedBits = (8 * uint64_t(rawLen + 5 * blocks) + 7) * kOneBit;
     return e;
 }
 
@@ -235,20 +265,40 @@ private:
         return codeBlock(blockStart, size_t(src - blockStart), end);
     }
 
+    // The counts come from the match finder, which made them as it wrote
+    // the pairs, or else from a count here; a dynamic block's coder gets
+    // them too, so it does not count again.
     BlockType chooseBlock(const Vek16u* pairs, int count, size_t rawLen) {
+        BlockCounts counts;
+        const auto counted = [&] {
+            if (const vek::deflate::DeflateState* s = emittedCounts(state_, pairs, count)) {
+                std::copy(s->emittedLitLen, s->emittedLitLen + kLitLenCount, counts.litLen);
+                std::copy(s->emittedDist, s->emittedDist + kDistCount, counts.dist);
+            } else {
+                countPairSymbols(pairs, count, counts.litLen, counts.dist);
+            }
+            counts.litLen[kEndOfBlock] = 1;
+            return estimate(counts, rawLen);
+        };
+        BlockType type;
         if (options_.choice != BlockChoice::Smallest) {
             int mode = VekDeflateFixedCodes;
             const VekStatus st = lib_.veksEncodeLZ77SelectHuffMode_8u(pairs, count, &mode, state_);
             if (st != StatusOk) fail("veksEncodeLZ77SelectHuffMode_8u", st);
             const bool dynamic = mode == VekDeflateDynamicCodes;
             if (options_.choice == BlockChoice::SkewRuleOnly) return dynamic ? BlockType::Dynamic : BlockType::Fixed;
-            const SizeEstimate e = estimate(pairs, count, rawLen);
-            if (e.storedBits < (dynamic ? e.dynamicBits : e.fixedBits)) return BlockType::Stored;
-            return dynamic ? BlockType::Dynamic : BlockType::Fixed;
+            const SizeEstimate e = counted();
+            type = e.storedBits < (dynamic ? e.dynamicBits : e.fixedBits) ? BlockType::Stored
+                   : dynamic                                              ? BlockType::Dynamic
+                                                                          : BlockType::Fixed;
+        } else {
+            const SizeEstimate e = counted();
+            type = e.storedBits < std::min(e.fixedBits, e.dynamicBits) ? BlockType::Stored
+                   : e.dynamicBits < e.fixedBits                       ? BlockType::Dynamic
+                                                                       : BlockType::Fixed;
         }
-        const SizeEstimate e = estimate(pairs, count, rawLen);
-        if (e.storedBits < std::min(e.fixedBits, e.dynamicBits)) return BlockType::Stored;
-        return e.dynamicBits < e.fixedBits ? BlockType::Dynamic : BlockType::Fixed;
+        if (type == BlockType::Dynamic) giveBlockCounts(state_, pairs, count, counts.litLen, counts.dist);
+        return type;
     }
 
     // The pairs held (standing for the `rawLen` bytes at `raw`) as one
@@ -334,6 +384,22 @@ Result compressStream(const Options& options, const ReadFn& read, const WriteFn&
         }
         *data = slice.data();
         return (long long)filled;
+    });
+}
+
+Result compressInPlace(const Vek8u* data, size_t len, const Options& options, const WriteFn& write) {
+    // A slice shorter than a full one is the last, as a reader's first short
+    // read ends compressStream's input (an empty one when the length is a
+    // multiple of the slice).
+    const size_t sliceBytes = options.sliceBytes ? std::min<size_t>(options.sliceBytes, INT_MAX) : kInputSlice;
+    size_t taken = 0;
+    Encoder encoder(options, write);
+    return encoder.run([&](const Vek8u** slice, bool* last) {
+        const size_t n = std::min(len - taken, sliceBytes);
+        *slice = data + taken;
+        taken += n;
+        *last = n < sliceBytes;
+        return (long long)n;
     });
 }
 

@@ -79,6 +79,10 @@ struct Result {
 
 Result compressStream(const Options& options, const ReadFn& read, const WriteFn& write);
 
+// compressStream of input that is in memory already (a mapped file), taken
+// in place: the same slices, so the same bytes, without a copy.
+Result compressInPlace(const Vek8u* data, size_t len, const Options& options, const WriteFn& write);
+
 // The whole stream of one buffer.
 std::vector<Vek8u> compressBuffer(const Vek8u* data, size_t len, const Options& options, Result* result = nullptr);
 

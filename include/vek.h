@@ -601,7 +601,10 @@ VEK_API VekStatus VEK_CALL vekiComplement_32s_C1IR(Vek32s* pSrcDst, int srcDstSt
  *
  * veksCRC32_8u: *pCrc holds the finished CRC-32 of what was seen so far, 0
  * to start.  A null pointer gives StatusNullPointer; len < 1 gives
- * StatusSize with nothing written. */
+ * StatusSize with nothing written.
+ *
+ * Every level gives the same values; the AVX2 and AVX-512 levels fold
+ * CRC-32 with carry-less multiplication and take Adler-32 64 bytes a step. */
 VEK_API VekStatus VEK_CALL veksAdler32_8u(const Vek8u* pSrc, int len, Vek32u* pAdler);
 VEK_API VekStatus VEK_CALL veksCRC32_8u(const Vek8u* pSrc, int len, Vek32u* pCrc);
 
@@ -786,9 +789,12 @@ VEK_API VekStatus VEK_CALL veksEncodeLZ77SelectHuffMode_8u(const Vek16u* pPairs,
  * *pDstLen < 0 or *pPairsLen < 0 -> StatusSize; *pDstLen = 0 ->
  * StatusDstSize; another block type open -> StatusContextMismatch; a pair
  * outside the ranges above, or one whose symbols have no code in the
- * dynamic block being resumed -> StatusBadArgument.  The coders write whole
- * 8-byte words while the output has room: bytes past the returned *ppDst,
- * within the room given, may change. */
+ * dynamic block being resumed -> StatusBadArgument.  The call that opens a
+ * block checks all its pairs; a call that resumes it with the rest of the
+ * same list checks none again, and with another list only the pairs its
+ * room can reach, so a call costs what it writes however small the room.
+ * The coders write whole 8-byte words while the output has room: bytes past
+ * the returned *ppDst, within the room given, may change. */
 VEK_API VekStatus VEK_CALL veksEncodeLZ77FixedHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,
                                                       int* pDstLen, int flush, VekDeflateState* pState);
 VEK_API VekStatus VEK_CALL veksEncodeLZ77DynamicHuff_8u(const Vek16u** ppPairs, int* pPairsLen, Vek8u** ppDst,

@@ -121,6 +121,14 @@ check "zlib -c refuses several files" exits_with 2 'do not concatenate' "$vek" z
 # shellcheck disable=SC2002 # cat: a pipe rather than a file on stdin
 piped() { cat "$in/large" | "$vek" gzip -1 | gzip -dc | cmp -s - "$in/large"; }
 check "stdin to stdout" piped
+# A file is compressed in place (mapped), a pipe through reads: the same
+# stream either way, also for two whole input slices and one byte more.
+head -c 524288 "$in/large" >"$in/slices"
+head -c 524289 "$in/large" >"$in/slices1"
+for f in large slices slices1; do
+  # shellcheck disable=SC2002 # cat: a pipe rather than a file on stdin
+  check "$f: file and pipe alike" cmp -s <("$vek" gzip -9 <"$in/$f") <(cat "$in/$f" | "$vek" gzip -9)
+done
 check "- among files" io "$in/zeros" mix.gz "$vek" gzip -c a - c
 check "- among files restores" cmp -s <(gzip -dc mix.gz) <(cat a "$in/zeros" c)
 check "zlib stdin" io "$in/text" out.zz "$vek" zlib -

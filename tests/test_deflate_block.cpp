@@ -490,6 +490,37 @@ TEST(DeflateBlock, TrailerBytesAndResumption) {
 
 // ---- rules at entry -------------------------------------------------------------------
 
+// A call that resumes a block with the rest of the same list checks nothing
+// again; given another list, it checks the pairs it can reach first.
+TEST(DeflateBlock, AResumedBlockChecksAnotherList) {
+    for (int level : availableLevels())
+        for (auto huff :
+             {vek::vekTable_veksEncodeLZ77FixedHuff_8u[level], vek::vekTable_veksEncodeLZ77DynamicHuff_8u[level]}) {
+            auto s = freshState();
+            const std::vector<Vek16u> list = literals("abcabcabcabcabcabcabcabcabcabc");
+            const Vek16u* pairs = list.data();
+            int n = int(list.size() / 2), room = 1;
+            Vek8u out[8];
+            Vek8u* dst = out;
+            ASSERT_EQ(huff(&pairs, &n, &dst, &room, VekDeflateNoFlush, opaque(s.get())), StatusDstSize);
+            std::vector<Vek16u> other(pairs, list.data() + list.size());
+            other[0] = 'z';  // no code in the dynamic block
+            if (huff == vek::vekTable_veksEncodeLZ77FixedHuff_8u[level]) other[0] = 300;
+            const Vek16u* o = other.data();
+            int on = n;
+            dst = out, room = 1;
+            EXPECT_EQ(huff(&o, &on, &dst, &room, VekDeflateNoFlush, opaque(s.get())), StatusBadArgument);
+            EXPECT_EQ(o, other.data());
+            EXPECT_EQ(room, 1);
+            VekStatus st;
+            do {
+                dst = out, room = 1;
+            } while ((st = huff(&pairs, &n, &dst, &room, VekDeflateNoFlush, opaque(s.get()))) == StatusDstSize);
+            EXPECT_EQ(st, StatusOk);
+            EXPECT_EQ(n, 0);
+        }
+}
+
 TEST(DeflateBlock, ChecksInOrderAndNothingWrittenOnFailure) {
     for (int level : availableLevels()) {
         auto s = freshState();

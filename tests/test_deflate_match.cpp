@@ -6,6 +6,7 @@
 
 #include "compression/deflate_hash_tables.h"
 #include "compression/deflate_state.h"
+#include "compression/deflate_tables.h"
 #include "harness.h"
 
 namespace vektest {
@@ -148,6 +149,14 @@ void feed(int level, VekDeflateState* st, const Scenario& sc, const std::vector<
             rec.calls.push_back({status, before - left, written, flushes[c]});
             rec.pairs.insert(rec.pairs.end(), list, list + 2 * written);
             if (status < 0) return;
+            if (written == 0) continue;
+            // The counts the finder kept of the list are those of its pairs.
+            const DeflateState* counted = vek::deflate::emittedCounts(st, list, written);
+            ASSERT_NE(counted, nullptr);
+            Vek32u litLen[vek::deflate::kLitLenSymbols] = {}, dist[vek::deflate::kDistSymbols + 1] = {};
+            vek::deflate::countPairSymbols(list, written, litLen, dist);
+            ASSERT_TRUE(std::equal(litLen, litLen + vek::deflate::kLitLenSymbols, counted->emittedLitLen));
+            ASSERT_TRUE(std::equal(dist, dist + vek::deflate::kDistSymbols, counted->emittedDist));
         } while (left > 0);
     }
 }

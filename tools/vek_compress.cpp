@@ -24,6 +24,7 @@
 #include "tools/vek_compress.h"
 
 #include <errno.h>
+#include <stdint.h>
 #include <stdio.h>
 #include <string.h>
 #include <sys/stat.h>
@@ -37,6 +38,7 @@
 #    define isatty _isatty
 #    define fileno _fileno
 #else
+#    include <sys/mman.h>
 #    include <unistd.h>
 #endif
 
@@ -142,35 +144,77 @@ std::string parse(const std::vector<std::string>& args, Settings& s) {
     return "";
 }
 
+// A whole regular file read from its start, mapped: it is compressed in
+// place, with no copy through read() on the way.  Empty (no mapping) for a
+// pipe, a terminal, an empty file, a file already read from, one that
+// cannot be mapped, and on Windows; those are read.
+class MappedInput {
+public:
+    explicit MappedInput(FILE* in) {
+#ifndef _WIN32
+        const int fd = fileno(in);
+        struct stat st;
+        if (fstat(fd, &st) != 0 || !S_ISREG(st.st_mode) || st.st_size <= 0 || lseek(fd, 0, SEEK_CUR) != 0 ||
+            static_cast<unsigned long long>(st.st_size) > SIZE_MAX)
+            return;
+        void* p = mmap(nullptr, size_t(st.st_size), PROT_READ, MAP_PRIVATE, fd, 0);
+        if (p == MAP_FAILED) return;
+        madvise(p, size_t(st.st_size), MADV_SEQUENTIAL);
+        data_ = static_cast<const Vek8u*>(p);
+        size_ = size_t(st.st_size);
+#else
+        (void)in;
+#endif
+    }
+    ~MappedInput() {
+#ifndef _WIN32
+        if (data_) munmap(const_cast<Vek8u*>(data_), size_);
+#endif
+    }
+    MappedInput(const MappedInput&) = delete;
+    MappedInput& operator=(const MappedInput&) = delete;
+    const Vek8u* data() const { return data_; }
+    size_t size() const { return size_; }
+
+private:
+    const Vek8u* data_ = nullptr;
+    size_t size_ = 0;
+};
+
 // Compresses `in` to `out`; on failure says what went wrong where.
 bool compressTo(const Format& f, int comprClass, FILE* in, const std::string& inName, FILE* out,
                 const std::string& outName, vekdeflate::Result& r) {
     vekdeflate::Options options;
     options.container = f.container;
     options.comprClass = comprClass;
+    options.outputChunk = 1 << 18;  // large writes; the bytes do not depend on it
     const bool progress = isatty(fileno(stderr));
     unsigned long long taken = 0, shown = 0;
     int readErrno = 0, writeErrno = 0;
-    r = vekdeflate::compressStream(
-        options,
-        [&](Vek8u* buf, int room) -> long {
-            const size_t n = fread(buf, 1, size_t(room), in);
-            if (n == 0 && ferror(in)) {
-                readErrno = errno;
-                return -1;
-            }
-            taken += n;
-            if (progress && taken >= kProgressFrom && taken - shown >= (4u << 20)) {
-                fprintf(stderr, "\rvek %s: %s: %llu MiB", f.name, inName.c_str(), taken >> 20);
-                shown = taken;
-            }
-            return long(n);
-        },
-        [&](const Vek8u* data, int len) {
-            if (fwrite(data, 1, size_t(len), out) == size_t(len)) return true;
-            writeErrno = errno;
-            return false;
-        });
+    const vekdeflate::WriteFn write = [&](const Vek8u* data, int len) {
+        if (fwrite(data, 1, size_t(len), out) == size_t(len)) return true;
+        writeErrno = errno;
+        return false;
+    };
+    const vekdeflate::ReadFn read = [&](Vek8u* buf, int room) -> long {
+        const size_t n = fread(buf, 1, size_t(room), in);
+        if (n == 0 && ferror(in)) {
+            readErrno = errno;
+            return -1;
+        }
+        taken += n;
+        if (progress && taken >= kProgressFrom && taken - shown >= (4u << 20)) {
+            fprintf(stderr, "\rvek %s: %s: %llu MiB", f.name, inName.c_str(), taken >> 20);
+            shown = taken;
+        }
+        return long(n);
+    };
+    // A large file shows its progress as it is read.
+    const MappedInput mapped(in);
+    if (mapped.data() && !(progress && mapped.size() >= kProgressFrom))
+        r = vekdeflate::compressInPlace(mapped.data(), mapped.size(), options, write);
+    else
+        r = vekdeflate::compressStream(options, read, write);
     if (progress && shown) fprintf(stderr, "\n");
     if (r.ok && fflush(out) != 0) r.ok = false, r.error = "write error", writeErrno = errno;
     if (r.ok) return true;
