@@ -324,7 +324,7 @@ VEK_EXPORT(vekiRGBToYCbCr411LS_MCU_8u16s_C3P3R,  plain, plain, sse2,  sse2,  sss
 VEK_EXPORT(vekiYCbCr444ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
 VEK_EXPORT(vekiYCbCr422ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
 VEK_EXPORT(vekiYCbCr411ToRGBLS_MCU_16s8u_P3C3R,  plain, plain, sse2,  sse2,  ssse3, ssse3, avx2,  avx512, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
-VEK_EXPORT(vekiSplit422LS_MCU_8u16s_C2P3R,       plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
+VEK_EXPORT(vekiSplit422LS_MCU_8u16s_C2P3R,       plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]))
 VEK_EXPORT(vekiJoin422LS_MCU_16s8u_P3C2R,        plain, plain, sse2,  sse2,  sse2,  sse2,  sse2,  sse2, VekStatus, (const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep))
 
 

@@ -1,6 +1,6 @@
 // The JPEG colour family, the AVX2 level: 16 pixels a block in 256-bit
 // vectors, interleaved pixels gathered by pshufb in both 128-bit lanes, and
-// two MCU rows a vector.
+// two MCU rows a vector (YUYV rows two a vector when split).
 // The kernels are shared by the vector levels (colour_simd.h, sample_simd.h,
 // mcu_simd.h); this file instantiates them for this level and defines its
 // members (core/export_list.h says which).
@@ -36,4 +36,5 @@ VEK_JPEG_COLOUR_INTERLEAVED_MEMBERS
 VEK_JPEG_COLOUR_OTHER_MEMBERS
 VEK_JPEG_SAMPLE_MEMBERS
 VEK_JPEG_MCU_MEMBERS
+VEK_JPEG_SPLIT422_MEMBER
 }  // namespace vek::avx2

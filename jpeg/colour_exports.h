@@ -113,17 +113,20 @@
     VEK_JPEG_MCU_INVERSE(vekiYCbCr422ToRGBLS_MCU_16s8u_P3C3R, jpeg::RGB, 2, 1) \
     VEK_JPEG_MCU_INVERSE(vekiYCbCr411ToRGBLS_MCU_16s8u_P3C3R, jpeg::RGB, 2, 2)
 
-// YUYV pixel pairs to and from the blocks of one 4:2:2 MCU.
-#define VEK_JPEG_MCU422_MEMBERS                                                                                   \
+// YUYV pixel pairs to and from the blocks of one 4:2:2 MCU (the split has
+// wider kernels than the join, so a level may take one alone).
+#define VEK_JPEG_MCU422_MEMBERS VEK_JPEG_SPLIT422_MEMBER VEK_JPEG_JOIN422_MEMBER
+#define VEK_JPEG_SPLIT422_MEMBER                                                                                  \
     VekStatus VEK_CALL vekiSplit422LS_MCU_8u16s_C2P3R(const Vek8u* pSrc, int srcStep, Vek16s* const pDstMCU[3]) { \
         const VekStatus status = jpeg::checkMcu(srcStep, pSrc, jpeg::planes<3>(pDstMCU));                         \
         if (status == StatusOk) split422(pSrc, srcStep, pDstMCU);                                                 \
         return status;                                                                                            \
-    }                                                                                                             \
-    VekStatus VEK_CALL vekiJoin422LS_MCU_16s8u_P3C2R(const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep) {  \
-        const VekStatus status = jpeg::checkMcu(dstStep, jpeg::planes<3>(pSrcMCU), pDst);                         \
-        if (status == StatusOk) join422(pSrcMCU, pDst, dstStep);                                                  \
-        return status;                                                                                            \
+    }
+#define VEK_JPEG_JOIN422_MEMBER                                                                                  \
+    VekStatus VEK_CALL vekiJoin422LS_MCU_16s8u_P3C2R(const Vek16s* const pSrcMCU[3], Vek8u* pDst, int dstStep) { \
+        const VekStatus status = jpeg::checkMcu(dstStep, jpeg::planes<3>(pSrcMCU), pDst);                        \
+        if (status == StatusOk) join422(pSrcMCU, pDst, dstStep);                                                 \
+        return status;                                                                                           \
     }
 
 #endif

@@ -137,6 +137,26 @@ inline __m128i unshift8(const Vek16s* p) { return unshift<__m128i>(p); }
 
 template <class V>
 inline bool split422Blocks(V, const Vek8u* src, int step, Vek16s* const* dst) {
+#ifdef __AVX2__
+    // Two rows a step, a whole row (16 pixels) a vector: the luma halves of
+    // rows r and r + 1 meet by a lane exchange, and the chroma, packed from
+    // both rows at once, comes back into row order by one qword permute.
+    if constexpr (sizeof(V) >= 32) {
+        const __m256i centre = _mm256_set1_epi16(128), low = _mm256_set1_epi16(0xFF), low32 = _mm256_set1_epi32(0xFFFF);
+        for (int r = 0; r < 8; r += 2) {
+            const __m256i a = load256i(image::rowAt(src, step, r)), b = load256i(image::rowAt(src, step, r + 1));
+            const __m256i ya = _mm256_and_si256(a, low), yb = _mm256_and_si256(b, low);
+            store(dst[0] + 8 * r, _mm256_sub_epi16(_mm256_permute2x128_si256(ya, yb, 0x20), centre));
+            store(dst[0] + 64 + 8 * r, _mm256_sub_epi16(_mm256_permute2x128_si256(ya, yb, 0x31), centre));
+            const __m256i ca = _mm256_srli_epi16(a, 8), cb = _mm256_srli_epi16(b, 8);  // Cb Cr Cb Cr ...
+            const __m256i blue = _mm256_packs_epi32(_mm256_and_si256(ca, low32), _mm256_and_si256(cb, low32));
+            const __m256i red = _mm256_packs_epi32(_mm256_srli_epi32(ca, 16), _mm256_srli_epi32(cb, 16));
+            store(dst[1] + 8 * r, _mm256_sub_epi16(_mm256_permute4x64_epi64(blue, 0xD8), centre));
+            store(dst[2] + 8 * r, _mm256_sub_epi16(_mm256_permute4x64_epi64(red, 0xD8), centre));
+        }
+        return true;
+    }
+#endif
     const __m128i centre = _mm_set1_epi16(128), low = _mm_set1_epi16(0xFF), low32 = _mm_set1_epi32(0xFFFF);
     for (int r = 0; r < 8; ++r) {
         const Vek8u* row = image::rowAt(src, step, r);
