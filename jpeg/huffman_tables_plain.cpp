@@ -65,14 +65,14 @@ VekStatus VEK_CALL vekiEncodeHuffmanSpecInit_JPEG_8u(const Vek8u* pListBits, con
     Vek8u length[256];
     int n = 0;
     if (!canonicalCodes(pListBits, code, length, &n)) return StatusJpegHuffmanTable;
-    EncodeSpec spec;
-    memset(&spec, 0, sizeof spec);
+    EncodeSpec built;
+    memset(&built, 0, sizeof built);
     for (int i = 0; i < n; ++i) {
         const Vek8u symbol = pListVals[i];
-        if (spec.codeLength[symbol]) return StatusJpegHuffmanTable;  // one symbol, two codes
-        spec.codeLength[symbol] = Vek32u(code[i]) << 5 | length[i];
+        if (built.codeLength[symbol]) return StatusJpegHuffmanTable;  // one symbol, two codes
+        built.codeLength[symbol] = Vek32u(code[i]) << 5 | length[i];
     }
-    *jpeg::specOf(pEncHuffSpec) = spec;
+    *jpeg::specOf(pEncHuffSpec) = built;
     return StatusOk;
 }
 
@@ -90,23 +90,23 @@ VekStatus VEK_CALL vekiDecodeHuffmanSpecInit_JPEG_8u(const Vek8u* pListBits, con
     Vek8u length[256];
     int n = 0;
     if (!canonicalCodes(pListBits, code, length, &n)) return StatusJpegHuffmanTable;
-    DecodeSpec spec;
-    memset(&spec, 0, sizeof spec);
-    memcpy(spec.values, pListVals, static_cast<size_t>(n));
+    DecodeSpec built;
+    memset(&built, 0, sizeof built);
+    memcpy(built.values, pListVals, static_cast<size_t>(n));
     // Codes up to the look-ahead length fill every table entry they begin.
     for (int i = 0; i < n && length[i] <= kLookaheadBits; ++i) {
         const int spread = kLookaheadBits - length[i];
         for (int e = code[i] << spread; e < (code[i] + 1) << spread; ++e)
-            spec.fast[e] = static_cast<Vek16u>(length[i] << 8 | pListVals[i]);
+            built.fast[e] = static_cast<Vek16u>(length[i] << 8 | pListVals[i]);
     }
     // Run/size codes whose value bits fit in the look-ahead too.
     for (int e = 0; e < (1 << kLookaheadBits); ++e) {
-        const int length = spec.fast[e] >> 8, symbol = spec.fast[e] & 0xFF;
+        const int length = built.fast[e] >> 8, symbol = built.fast[e] & 0xFF;
         const int run = symbol >> 4, size = symbol & 15;
         if (!length || !size || length + size > kLookaheadBits) continue;
         const int bits = (e >> (kLookaheadBits - length - size)) & ((1 << size) - 1);
         const int value = bits < (1 << (size - 1)) ? bits - (1 << size) + 1 : bits;
-        spec.fastValue[e] =
+        built.fastValue[e] =
             static_cast<int32_t>(static_cast<Vek32u>(value) << 16 | Vek32u(run) << 8 | Vek32u(length + size));
     }
     // Canonical bounds of every length, left-aligned to 16 bits.
@@ -114,14 +114,14 @@ VekStatus VEK_CALL vekiDecodeHuffmanSpecInit_JPEG_8u(const Vek8u* pListBits, con
     int valueIndex = 0;
     for (int l = 1; l <= kMaxCodeLength; ++l) {
         const int count = pListBits[l - 1];
-        spec.offset[l] = valueIndex - static_cast<int>(first);
+        built.offset[l] = valueIndex - static_cast<int>(first);
         first += static_cast<unsigned>(count);
         valueIndex += count;
-        spec.limit[l] = first << (kMaxCodeLength - l);
+        built.limit[l] = first << (kMaxCodeLength - l);
         first <<= 1;
     }
-    spec.limit[kMaxCodeLength + 1] = ~Vek32u(0);  // ends the search: no code
-    *jpeg::specOf(pDecHuffSpec) = spec;
+    built.limit[kMaxCodeLength + 1] = ~Vek32u(0);  // ends the search: no code
+    *jpeg::specOf(pDecHuffSpec) = built;
     return StatusOk;
 }
 

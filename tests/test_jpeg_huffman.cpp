@@ -575,8 +575,8 @@ TEST(JpegHuffman, OptimalTablesAreLimitedCompleteAndMatchLibjpeg) {
             if (counts[s]) counted.push_back(s);
         std::sort(listed.begin(), listed.end());
         ASSERT_EQ(listed, counted);
-        EncodeSpec spec;
-        EXPECT_EQ(vekiEncodeHuffmanSpecInit_JPEG_8u(t.bits, t.values, enc(spec)), StatusOk);
+        EncodeSpec coder;
+        EXPECT_EQ(vekiEncodeHuffmanSpecInit_JPEG_8u(t.bits, t.values, enc(coder)), StatusOk);
 #ifdef VEK_HAVE_LIBJPEG
         jpeg_compress_struct cinfo;
         jpeg_error_mgr err;

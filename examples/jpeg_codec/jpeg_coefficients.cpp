@@ -483,13 +483,13 @@ private:
         return "";
     }
 
-    void huffmanTable(int cls, int index, const HuffmanTable& t, EncodeTable& spec) {
+    void huffmanTable(int cls, int index, const HuffmanTable& t, EncodeTable& coder) {
         marker(out_, 0xC4);
         put16(out_, 2 + 17 + t.count());
         out_.push_back(uint8_t(cls << 4 | index));
         out_.insert(out_.end(), t.bits, t.bits + 16);
         out_.insert(out_.end(), t.values, t.values + t.count());
-        vekiEncodeHuffmanSpecInit_JPEG_8u(t.bits, t.values, spec.get());
+        vekiEncodeHuffmanSpecInit_JPEG_8u(t.bits, t.values, coder.get());
     }
 
     std::string writeScan(const ScanSpec& scan) {
