@@ -21,7 +21,7 @@ fi
 mapfile -t scripts < <(git ls-files '*.sh' .ci/run .ci/install-deps)
 if ! command -v shellcheck >/dev/null; then
   echo "shellcheck not found (Debian's shellcheck)"; fail=1
-elif ! shellcheck "${scripts[@]}"; then
+elif ! shellcheck -x "${scripts[@]}"; then
   fail=1
 else
   echo "shellcheck: ${#scripts[@]} scripts clean"

@@ -11,16 +11,8 @@ set -u
 vek=$(cd "$(dirname "$1")" && pwd)/$(basename "$1")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-checks=0 failures=0
-check() { # check DESCRIPTION COMMAND...: the command must succeed
-  local what=$1
-  shift
-  checks=$((checks + 1))
-  "$@" || {
-    echo "FAIL: $what"
-    failures=$((failures + 1))
-  }
-}
+# shellcheck source=tests/command_checks.sh
+source "$(dirname "$0")/command_checks.sh"
 gz_restores() { gzip -dc "$1" | cmp -s - "$2"; }
 zz_restores() {
   python3 -c 'import sys, zlib; sys.exit(zlib.decompress(open(sys.argv[1], "rb").read()) != open(sys.argv[2], "rb").read())' "$1" "$2"

@@ -11,16 +11,8 @@ vek=$(cd "$(dirname "$1")" && pwd)/$(basename "$1")
 photo=$(cd "$(dirname "$2")" && pwd)/$(basename "$2")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-checks=0 failures=0
-check() { # check DESCRIPTION COMMAND...: the command must succeed
-  local what=$1
-  shift
-  checks=$((checks + 1))
-  "$@" || {
-    echo "FAIL: $what"
-    failures=$((failures + 1))
-  }
-}
+# shellcheck source=tests/command_checks.sh
+source "$(dirname "$0")/command_checks.sh"
 # header FILE MAGIC WIDTH HEIGHT: a PNM with that magic number and size.
 header() { test "$(head -c 15 "$1" | tr '\n' ' ' | cut -d' ' -f1-3)" = "$2 $3 $4"; }
 # refused STATUS PATTERN OUT COMMAND...: that status, PATTERN in stderr, no OUT.
