@@ -13,8 +13,12 @@
 // constants takes the constants per half; a pair that needs a sum in one
 // half and a difference in the other takes a masked subtraction.
 // Registers hold:
-//   pass inputs   P = [x0 | x1], Q = [x7 | x6], R = [x3 | x2], S = [x4 | x5]
+//   pass inputs   [x0 | x3], [x7 | x4], [x1 | x2], [x6 | x5] and their
+//                 twins [x3 | x0], [x4 | x7], [x2 | x1], [x5 | x6]
 //   pass outputs  [X0 | X4], [X2 | X6], [X1 | X7], [X5 | X3]
+// The twins let a pass form every pair and its swapped twin side by side
+// (the transposes make both at no extra depth), since the chain from a
+// block's samples to its coefficients is what its time follows.
 #ifndef VEK_JPEG_DCT_PAIRS_H
 #define VEK_JPEG_DCT_PAIRS_H
 
@@ -50,33 +54,37 @@ inline __m512i differenceAndSum(__m512i v, __m512i w) {
     return _mm512_mask_add_epi32(_mm512_sub_epi32(v, w), kUpperHalf, v, w);
 }
 
-// One pass of forward8 over the four pair registers, in place.  The chain
-// from inputs to outputs is what a block's time follows, so the pass forms
-// each pair and its swapped twin side by side rather than swapping one,
-// and the rotations take forward8's sums in their four-product form (the
-// same sums modulo 2^32): z + c b = c1 a + c2 b.
+// One pass of forward8 over the pair registers x and their twins t; the
+// four outputs go to x.  The rotations take forward8's sums in their
+// four-product form (the same sums modulo 2^32): z + c b = c1 a + c2 b.
 template <bool Pass2, bool Narrow>
-inline void forwardPairs(__m512i* x) {
+inline void forwardPairs(__m512i* x, const __m512i* t) {
     auto out = [](__m512i sum) { return Pass2 ? descalePair<21>(sum) : descalePair<12>(sum); };
-    const __m512i s0716 = _mm512_add_epi32(x[0], x[1]), d0716 = _mm512_sub_epi32(x[0], x[1]);
-    const __m512i s3425 = _mm512_add_epi32(x[2], x[3]), d3425 = _mm512_sub_epi32(x[2], x[3]);
+    // [s07 | s34], [s16 | s25], [d07 | d34], [d16 | d25] and their twins.
+    const __m512i sOuter = _mm512_add_epi32(x[0], x[1]), sOuterTwin = _mm512_add_epi32(t[0], t[1]);
+    const __m512i sMiddle = _mm512_add_epi32(x[2], x[3]), sMiddleTwin = _mm512_add_epi32(t[2], t[3]);
+    const __m512i dOuter = _mm512_sub_epi32(x[0], x[1]), dOuterTwin = _mm512_sub_epi32(t[0], t[1]);
+    const __m512i dMiddle = _mm512_sub_epi32(x[2], x[3]), dMiddleTwin = _mm512_sub_epi32(t[2], t[3]);
 
-    // Even half: [e0 | e1] gives X0 and X4, [e3 | e2] the rotation
-    // X2 = 17734 e2 + 42814 e3, X6 = 17734 e3 - 42813 e2.
-    const __m512i e01 = _mm512_add_epi32(s0716, s3425), e32 = _mm512_sub_epi32(s0716, s3425);
-    const __m512i sum04 = sumAndDifference(e01, swapHalves(e01));
+    // Even half: [e0 | e3], [e3 | e0], [e1 | e2], [e2 | e1] give X0 = e0 + e1,
+    // X4 = e0 - e1 and the rotation X2 = 17734 e2 + 42814 e3,
+    // X6 = 17734 e3 - 42813 e2.
+    const __m512i e03 = sumAndDifference(sOuter, sOuterTwin), e30 = differenceAndSum(sOuter, sOuterTwin);
+    const __m512i e12 = sumAndDifference(sMiddle, sMiddleTwin), e21 = differenceAndSum(sMiddle, sMiddleTwin);
+    const __m512i sum04 = _mm512_mask_sub_epi32(_mm512_add_epi32(e03, e12), kUpperHalf, e30, e21);
     const __m512i x04 = Pass2 ? descalePair<6>(sum04) : _mm512_slli_epi32(sum04, 3);
-    const __m512i x26 = out(_mm512_add_epi32(_mm512_mullo_epi32(e32, pairOf(42814, -42813)),
-                                             timesPair<Narrow>(swapHalves(e32), _mm512_set1_epi32(17734))));
+    const __m512i e3 = _mm512_mask_blend_epi32(kUpperHalf, e30, e03),
+                  e2 = _mm512_mask_blend_epi32(kUpperHalf, e21, e12);
+    const __m512i x26 = out(
+        _mm512_add_epi32(_mm512_mullo_epi32(e3, pairOf(42814, 17734)), _mm512_mullo_epi32(e2, pairOf(17734, -42813))));
 
     // Odd half: [u | v] and [v | u] from the middle differences, [g | h]
     // and [h | g] from the outer ones, then [a | b], [b | a], [b' | a''],
     // [a'' | b'] with a = g + u, b = h + v, b' = g - u, a'' = v - h.
     auto middle = [](__m512i d) { return descalePair<12>(_mm512_mullo_epi32(d, _mm512_set1_epi32(46341))); };
-    const __m512i uv = middle(upperHalves(d0716, d3425)), vu = middle(upperHalves(d3425, d0716));
-    const __m512i outer = _mm512_slli_epi32(lowerHalves(d0716, d3425), 3);
-    const __m512i outerSwapped = _mm512_slli_epi32(lowerHalves(d3425, d0716), 3);
-    const __m512i gh = sumAndDifference(outer, outerSwapped), hg = differenceAndSum(outer, outerSwapped);
+    const __m512i uv = middle(dMiddle), vu = middle(dMiddleTwin);
+    const __m512i outer = _mm512_slli_epi32(dOuter, 3), outerTwin = _mm512_slli_epi32(dOuterTwin, 3);
+    const __m512i gh = sumAndDifference(outer, outerTwin), hg = differenceAndSum(outer, outerTwin);
     const __m512i ab = _mm512_add_epi32(gh, uv), ba = _mm512_add_epi32(hg, vu);
     const __m512i bPrimeASecond = _mm512_mask_sub_epi32(_mm512_sub_epi32(gh, uv), kUpperHalf, uv, gh);
     const __m512i aSecondBPrime = _mm512_mask_sub_epi32(_mm512_sub_epi32(vu, hg), kUpperHalf, hg, vu);
@@ -98,12 +106,14 @@ inline void forwardPairs(__m512i* x) {
 // Four registers hold eight vectors of eight lanes, vector In[2i + h] in half
 // h of register i; element (a, b) is lane b of vector a.  The transpose puts
 // element (a, b) at lane a of vector b, vector Out[2o + h] in half h of
-// register o.  Round one gathers, from registers 0-1 and from 2-3, the
-// elements of output registers 0-1 and of 2-3; round two completes each.
+// register o, and each output register's twin (its halves swapped).  Round
+// one gathers, from registers 0-1 and from 2-3, the elements of output
+// registers 0-1 and of 2-3; round two completes each and each twin.
 using PermuteIndex = std::array<int32_t, 16>;
 struct TransposeIndices {
     PermuteIndex first[2];   // by output pair p: lane 4c + i holds (In[4g + i], Out[4p + c])
     PermuteIndex second[2];  // by output register within the pair
+    PermuteIndex twin[2];
 };
 constexpr TransposeIndices transposeIndices(std::array<int, 8> in, std::array<int, 8> out) {
     TransposeIndices t{};
@@ -116,26 +126,29 @@ constexpr TransposeIndices transposeIndices(std::array<int, 8> in, std::array<in
                 int position = 0;
                 while (in[position] != lane) ++position;
                 t.second[q][8 * h + lane] = (position / 4) * 16 + (2 * q + h) * 4 + position % 4;
+                t.twin[q][8 * h + lane] = (position / 4) * 16 + (2 * q + 1 - h) * 4 + position % 4;
             }
     return t;
 }
 template <const TransposeIndices& T>
-inline void transposePairs(__m512i* x) {
+inline void transposePairs(__m512i* x, __m512i* twins) {
     auto index = [](const PermuteIndex& i) { return _mm512_loadu_si512(i.data()); };
     __m512i gathered[2][2];
     for (int p = 0; p < 2; ++p)
         for (int g = 0; g < 2; ++g)
             gathered[p][g] = _mm512_permutex2var_epi32(x[2 * g], index(T.first[p]), x[2 * g + 1]);
     for (int p = 0; p < 2; ++p)
-        for (int q = 0; q < 2; ++q)
+        for (int q = 0; q < 2; ++q) {
             x[2 * p + q] = _mm512_permutex2var_epi32(gathered[p][0], index(T.second[q]), gathered[p][1]);
+            twins[2 * p + q] = _mm512_permutex2var_epi32(gathered[p][0], index(T.twin[q]), gathered[p][1]);
+        }
 }
 
 // Rows in natural order to pass inputs; pass outputs to pass inputs.
 alignas(64) constexpr TransposeIndices kRowsToInputs = transposeIndices({0, 1, 2, 3, 4, 5, 6, 7},
-                                                                        {0, 1, 7, 6, 3, 2, 4, 5});
+                                                                        {0, 3, 7, 4, 1, 2, 6, 5});
 alignas(64) constexpr TransposeIndices kOutputsToInputs = transposeIndices({0, 4, 2, 6, 1, 7, 5, 3},
-                                                                           {0, 1, 7, 6, 3, 2, 4, 5});
+                                                                           {0, 3, 7, 4, 1, 2, 6, 5});
 
 // ---- the block ---------------------------------------------------------------------
 
@@ -168,28 +181,32 @@ inline __m512i loadRowPair(const Vek16s* p, int step) {
 template <class Sample>
 inline void forwardBlock(const Sample* src, int srcStep, int32_t shift, Vek16s* dst, const Vek16u* table) {
     constexpr bool kBytes = std::is_same_v<Sample, Vek8u>;
-    __m512i x[4];
+    __m512i x[4], twins[4];
     for (int i = 0; i < 4; ++i) x[i] = loadRowPair(jpeg::blockRow(src, srcStep, 2 * i), srcStep);
-    transposePairs<kRowsToInputs>(x);
-    forwardPairs<false, kBytes>(x);
+    transposePairs<kRowsToInputs>(x, twins);
+    forwardPairs<false, kBytes>(x, twins);
     x[0] = _mm512_add_epi32(x[0], _mm512_maskz_set1_epi32(0x00FF, 64 * shift));
     if (!kBytes)
         for (__m512i& v : x) v = _mm512_srai_epi32(_mm512_slli_epi32(v, 16), 16);
-    transposePairs<kOutputsToInputs>(x);
-    forwardPairs<true, false>(x);
+    transposePairs<kOutputsToInputs>(x, twins);
+    forwardPairs<true, false>(x, twins);
 
-    // Coefficient rows in order, two a register: [0 | 1], [2 | 3], [4 | 5], [6 | 7].
-    const __m512i rows[4] = {lowerHalves(x[0], x[2]), _mm512_shuffle_i64x2(x[1], x[3], 0xE4),
-                             _mm512_shuffle_i64x2(x[0], x[3], 0x4E), upperHalves(x[1], x[2])};
-    __m512i coef[4];
-    for (int i = 0; i < 4; ++i) {
-        coef[i] = rows[i];
-        if (table) coef[i] = quantise(_mm512_mullo_epi32(coef[i], _mm512_cvtepu16_epi32(load256i(table + 16 * i))));
+    // Quantised where they stand, coefficient rows [0 | 4], [2 | 6], [1 | 7],
+    // [5 | 3], against table rows paired alike (loads off the critical path).
+    if (table) {
+        constexpr int kRows[4][2] = {{0, 4}, {2, 6}, {1, 7}, {5, 3}};
+        for (int i = 0; i < 4; ++i) {
+            const __m256i rows = _mm256_inserti128_si256(_mm256_castsi128_si256(load128i(table + 8 * kRows[i][0])),
+                                                         load128i(table + 8 * kRows[i][1]), 1);
+            x[i] = quantise(_mm512_mullo_epi32(x[i], _mm512_cvtepu16_epi32(rows)));
+        }
     }
-    // Packed with saturation, 128-bit lanes interleaved by the pack, put back in order.
-    const __m512i order = _mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7);
-    store(dst, _mm512_permutexvar_epi64(order, _mm512_packs_epi32(coef[0], coef[1])));
-    store(dst + 32, _mm512_permutexvar_epi64(order, _mm512_packs_epi32(coef[2], coef[3])));
+    // Packed with saturation: the packs interleave the rows by 64 bits
+    // ([0 1 0 1 4 7 4 7], [2 5 2 5 6 3 6 3]), one permute of both restores
+    // each half of the block.
+    const __m512i packed0417 = _mm512_packs_epi32(x[0], x[2]), packed2653 = _mm512_packs_epi32(x[1], x[3]);
+    store(dst, _mm512_permutex2var_epi64(packed0417, _mm512_setr_epi64(0, 2, 1, 3, 8, 10, 13, 15), packed2653));
+    store(dst + 32, _mm512_permutex2var_epi64(packed0417, _mm512_setr_epi64(4, 6, 9, 11, 12, 14, 5, 7), packed2653));
 }
 
 }  // namespace
