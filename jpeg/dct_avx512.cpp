@@ -1,8 +1,8 @@
 // JPEG DCT, the AVX-512 level: the forward integer DCTs with two of a
 // pass's eight inputs a 512-bit register (dct_pairs.h), which halves the
-// work of the butterflies and turns each transpose into eight two-source
-// permutes.  The other members stay with the AVX2 level, which gains
-// nothing from wider registers there.
+// work of the butterflies and makes each transpose two rounds of
+// two-source permutes.  The other members stay with the AVX2 level, which
+// gains nothing from wider registers there.
 #include <immintrin.h>
 #include <stddef.h>
 #include <stdint.h>

@@ -17,8 +17,9 @@
 //                 twins [x3 | x0], [x4 | x7], [x2 | x1], [x5 | x6]
 //   pass outputs  [X0 | X4], [X2 | X6], [X1 | X7], [X5 | X3]
 // The twins let a pass form every pair and its swapped twin side by side
-// (the transposes make both at no extra depth), since the chain from a
-// block's samples to its coefficients is what its time follows.
+// rather than swap halves on the way (the transposes make both at the same
+// depth), which shortens the chain from a block's samples to its
+// coefficients.
 #ifndef VEK_JPEG_DCT_PAIRS_H
 #define VEK_JPEG_DCT_PAIRS_H
 
@@ -26,10 +27,6 @@ namespace {
 
 constexpr __mmask16 kUpperHalf = 0xFF00;
 
-inline __m512i swapHalves(__m512i x) { return _mm512_shuffle_i64x2(x, x, 0x4E); }
-// The lower halves of a and b, and their upper halves.
-inline __m512i lowerHalves(__m512i a, __m512i b) { return _mm512_shuffle_i64x2(a, b, 0x44); }
-inline __m512i upperHalves(__m512i a, __m512i b) { return _mm512_shuffle_i64x2(a, b, 0xEE); }
 inline __m512i pairOf(int32_t lower, int32_t upper) {
     return _mm512_mask_set1_epi32(_mm512_set1_epi32(lower), kUpperHalf, upper);
 }
