@@ -53,6 +53,14 @@ inline bool firstThreeEqual(const Vek8u* a, const Vek8u* b) {
     return ((x ^ y) << 8) == 0;
 #endif
 }
+// Asks for the cache line at p ahead of a store there (a hint only).
+inline void prefetchForWrite(const void* p) {
+#if defined(__GNUC__)
+    __builtin_prefetch(p, 1);
+#else
+    (void)p;
+#endif
+}
 inline int tableHash(const Vek8u* b) { return kHashTables[0][b[0]] ^ kHashTables[1][b[1]] ^ kHashTables[2][b[2]]; }
 
 // Puts position q, whose bytes start at b, at the head of its chain.
@@ -189,12 +197,20 @@ private:
     // Fast: one candidate, the last position with the same rolling hash.
     // Both strings have a fourth byte to read: the candidate lies before
     // the current position, and the current one has the call's last two
-    // bytes beyond its longest match.  Positions from base_ on are in the input, so the current bytes are
-    // addressed there directly.  The loop works on local copies of the
-    // finder's fields: its stores to the head table (ints) could otherwise
-    // alias them and force a reload after every store.
+    // bytes beyond its longest match.  Positions from base_ on are in the
+    // input, so the current bytes are addressed there directly.  The loop
+    // works on local copies of the finder's fields: its stores to the head
+    // table (ints) could otherwise alias them and force a reload after
+    // every store.
+    //
+    // The hash rolls on from position to position, unmasked (the bits
+    // above the 15 the table takes never reach them), and the bucket of
+    // the next position is fetched before the current candidate is
+    // judged: when the literal-or-match branch goes the unexpected way, the
+    // next head is already on its way from the cache.
     int runFast(int p) {
         const int end = end_, base = base_, lowest = lowest_;
+        if (p >= end - 2) return p;
         const Vek8u* const src = src_;
         const Vek8u* const history = s_.history + histFill_;  // position q < base at history[q - base]
         int32_t* const heads = s_.head;
@@ -202,12 +218,15 @@ private:
         int space = pairSpace_;
         Vek32u* const litLenCounts = s_.emittedLitLen;
         Vek32u* const distCounts = s_.emittedDist;
+        uint32_t hash = uint32_t(rollingHash(src + (p - base)));  // of position p, unmasked
         for (; p < end - 2 && space > 0; --space, out += 2) {
             const int room = end - p - 2, maxLen = room < deflate::kMaxMatch ? room : deflate::kMaxMatch;
             const Vek8u* cur = src + (p - base);
-            int hash = rollingHash(cur);
-            const int c = heads[hash];
-            heads[hash] = p;
+            const int c = heads[hash & 0x7FFF];
+            heads[hash & 0x7FFF] = p;
+            // The hash of p + 1, where that position still has three bytes.
+            const uint32_t nextHash = room > 1 ? hash << 5 ^ cur[3] : 0;
+            prefetchForWrite(heads + (nextHash & 0x7FFF));
             const int oldest = p - kMaxDistance > lowest ? p - kMaxDistance : lowest;
             int len = 0;
             if (maxLen >= deflate::kMinMatch && c >= oldest && c < p) {
@@ -221,15 +240,19 @@ private:
                 out[1] = static_cast<Vek16u>(p - c);
                 ++litLenCounts[deflate::kFirstLengthSymbol + deflate::lengthCodeOf(len)];
                 ++distCounts[deflate::distanceCodeOf(p - c)];
-                for (int q = 1; q < len; ++q) {  // the hash rolls on by the byte that enters it
-                    hash = ((hash << 5) ^ cur[q + 2]) & 0x7FFF;
-                    heads[hash] = p + q;
+                hash = nextHash;
+                for (int q = 1; q < len - 1; ++q) {  // the hash rolls on by the byte that enters it
+                    heads[hash & 0x7FFF] = p + q;
+                    hash = hash << 5 ^ cur[q + 3];
                 }
+                heads[hash & 0x7FFF] = p + len - 1;
                 p += len;
+                if (p < end - 2) hash = hash << 5 ^ cur[len + 2];
             } else {
                 out[0] = *cur;
                 out[1] = 0;
                 ++litLenCounts[*cur];
+                hash = nextHash;
                 ++p;
             }
         }
