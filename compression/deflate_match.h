@@ -185,6 +185,12 @@ private:
         for (bool on = w.live(); on;) on = step(w);
         return w.best;
     }
+    // The walk of q as its search would begin it now: from its chain once
+    // q is linked, else from its hash's head.
+    Walk walkOf(int q, int limit) const {
+        const int start = q < s_.linkedEnd ? s_.chain[q & 0x7FFF] : s_.head[tableHash(at(q))];
+        return walkFrom(q, start, maxLength(q, 3), limit);
+    }
     // The best matches at the linked position p and at q = p + 1, which is
     // linked only after both walks: a chain walk is a run of dependent
     // loads, and two in step overlap theirs.  Until q is linked its chain
@@ -325,16 +331,33 @@ private:
     // unless that one offers a longer match.  A 3-byte match farther than
     // 4096 bytes back costs more bits than three literals and is dropped.
     // After a match the searches at the new position and the one after it
-    // go together.  (Searching one position further ahead after a literal
-    // as well costs more than it saves: that search is lost whenever the
-    // step emits a match.)
+    // go together.  After a literal the search of the position after next
+    // goes along with the one needed, for as long as that one lasts: it is
+    // the next step's search whenever the step emits a literal again, and
+    // goes on from where it stopped; when the step emits a match it is
+    // dropped, having cost little, since a chain walk waits on its loads and
+    // two overlap theirs.
     int runLazy(int p) {
         bool carried = false;  // cur is the match at p, found by the step before
         Match cur, next;
+        Walk ahead{};  // while carried: the walk of p + 1, begun during the step before
+        bool haveAhead = false, aheadOn = false;
         for (; p < end_ - 3 && pairSpace_ > 0;) {
             if (carried) {
                 link(p + 1);
-                next = search(p + 1, maxLength(p + 1, 3), 512);
+                Walk w = haveAhead ? ahead : walkOf(p + 1, 512);
+                bool on = haveAhead ? aheadOn : w.live();
+                haveAhead = p + 1 < end_ - 3 && pairSpace_ > 1;  // p + 2 is searched if this step emits a literal
+                if (haveAhead) {
+                    ahead = walkOf(p + 2, 512);
+                    aheadOn = ahead.live();
+                    while (on && aheadOn) {
+                        on = step(w);
+                        aheadOn = step(ahead);
+                    }
+                }
+                while (on) on = step(w);
+                next = w.best;
             } else {
                 link(p);
                 searchWithNext(p, cur, next, 512);
@@ -346,6 +369,7 @@ private:
                 for (int q = p + 2; q < p + cur.length; ++q) link(q);
                 p += cur.length;
                 carried = false;
+                haveAhead = false;
             } else {
                 emitLiteral(p++);
                 cur = next;
