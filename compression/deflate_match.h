@@ -232,18 +232,42 @@ private:
     // the next position is fetched before the current candidate is
     // judged: when the literal-or-match branch goes the unexpected way, the
     // next head is already on its way from the cache.
+    //
+    // Once a position lies a whole window beyond the call's first one,
+    // every candidate in reach lies in the input: the loop runs in two
+    // parts, the second with no choice of buffer per candidate.
     int runFast(int p) {
+        if (p >= end_ - 2) return p;
+        FastCursor f{pairs_ + 2 * pairCount_, pairSpace_, uint32_t(rollingHash(src_ + (p - base_)))};
+        const int inputOnlyFrom =
+            base_ + kMaxDistance < lowest_ + kMaxDistance ? lowest_ + kMaxDistance : base_ + kMaxDistance;
+        p = runFastPart<false>(p, inputOnlyFrom, f);
+        p = runFastPart<true>(p, end_, f);
+        pairCount_ += pairSpace_ - f.space;
+        pairSpace_ = f.space;
+        return p;
+    }
+    struct FastCursor {
+        Vek16u* out;
+        int space;
+        uint32_t hash;  // of the current position, unmasked
+    };
+    // runFast over the positions below `stop` (and end_ - 2).  kInputOnly:
+    // every position is at least kMaxDistance beyond the call's first and
+    // the lowest allowed, so a candidate in reach lies in the input.
+    template <bool kInputOnly>
+    int runFastPart(int p, int stop, FastCursor& f) {
         const int end = end_, base = base_, lowest = lowest_;
-        if (p >= end - 2) return p;
+        if (stop > end - 2) stop = end - 2;
         const Vek8u* const src = src_;
         const Vek8u* const history = s_.history + histFill_;  // position q < base at history[q - base]
         int32_t* const heads = s_.head;
-        Vek16u* out = pairs_ + 2 * pairCount_;
-        int space = pairSpace_;
+        Vek16u* out = f.out;
+        int space = f.space;
+        uint32_t hash = f.hash;
         Vek32u* const litLenCounts = s_.emittedLitLen;
         Vek32u* const distCounts = s_.emittedDist;
-        uint32_t hash = uint32_t(rollingHash(src + (p - base)));  // of position p, unmasked
-        for (; p < end - 2 && space > 0; --space, out += 2) {
+        for (; p < stop && space > 0; --space, out += 2) {
             const int room = end - p - 2, maxLen = room < deflate::kMaxMatch ? room : deflate::kMaxMatch;
             const Vek8u* cur = src + (p - base);
             const int c = heads[hash & 0x7FFF];
@@ -251,10 +275,16 @@ private:
             // The hash of p + 1, where that position still has three bytes.
             const uint32_t nextHash = room > 1 ? hash << 5 ^ cur[3] : 0;
             prefetchForWrite(heads + (nextHash & 0x7FFF));
-            const int oldest = p - kMaxDistance > lowest ? p - kMaxDistance : lowest;
+            bool inReach;
+            if (kInputOnly) {  // oldest is p - kMaxDistance
+                inReach = unsigned(p) - 1u - unsigned(c) < unsigned(kMaxDistance);
+            } else {
+                const int oldest = p - kMaxDistance > lowest ? p - kMaxDistance : lowest;
+                inReach = c >= oldest && c < p;
+            }
             int len = 0;
-            if (maxLen >= deflate::kMinMatch && c >= oldest && c < p) {
-                const Vek8u* candidate = c < base ? history + (c - base) : src + (c - base);
+            if (maxLen >= deflate::kMinMatch && inReach) {
+                const Vek8u* candidate = !kInputOnly && c < base ? history + (c - base) : src + (c - base);
                 if (maxLen >= 8)
                     len = lengthFromFirstWord(candidate, cur, maxLen);
                 else if (firstThreeEqual(candidate, cur))
@@ -279,8 +309,9 @@ private:
                 ++p;
             }
         }
-        pairCount_ += pairSpace_ - space;
-        pairSpace_ = space;
+        f.out = out;
+        f.space = space;
+        f.hash = hash;
         return p;
     }
 
