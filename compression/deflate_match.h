@@ -79,6 +79,13 @@ inline int lengthFromFirstWord(const Vek8u* a, const Vek8u* b, int maxLen) {
 #endif
     return 8 + matchLength(a + 8, b + 8, maxLen - 8);
 }
+// `a` when `first`, else `b`, in arithmetic: a compiler turns a plain
+// choice of store address back into a branch.
+template <class T>
+inline T* chooseWithoutBranch(bool first, T* a, T* b) {
+    const uintptr_t mask = uintptr_t(0) - uintptr_t(first);
+    return reinterpret_cast<T*>((reinterpret_cast<uintptr_t>(a) & mask) | (reinterpret_cast<uintptr_t>(b) & ~mask));
+}
 inline int tableHash(const Vek8u* b) { return kHashTables[0][b[0]] ^ kHashTables[1][b[1]] ^ kHashTables[2][b[2]]; }
 
 // Puts position q, whose bytes start at b, at the head of its chain.
@@ -328,7 +335,7 @@ private:
         if (bytes > kUnrolled + 2) {  // the hashes of p + 1 .. p + 6 read up to cur[8]
             int32_t unused;
             for (; q <= kUnrolled; ++q) {
-                int32_t* slot = q < len ? heads + (hash & 0x7FFF) : &unused;
+                int32_t* slot = chooseWithoutBranch(q < len, heads + (hash & 0x7FFF), &unused);
                 *slot = p + q;
                 if (q < kUnrolled) hash = hash << 5 ^ cur[q + 3];
             }
