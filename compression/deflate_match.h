@@ -136,6 +136,20 @@ private:
         linkPosition(s_, q, at(q));
         s_.linkedEnd = q + 1;
     }
+    // link(q) for q from `from` to `to` - 1, in order: the inner positions
+    // of a match, with the state's words read and written once.
+    void linkRange(int from, int to) {
+        int q = from > s_.linkedEnd ? from : s_.linkedEnd;
+        if (q >= to) return;
+        int32_t* const heads = s_.head;
+        int32_t* const chain = s_.chain;
+        for (const Vek8u* b = at(q); q < to; ++q, ++b) {
+            const int h = tableHash(b);
+            chain[q & 0x7FFF] = heads[h];
+            heads[h] = q;
+        }
+        s_.linkedEnd = to;
+    }
 
     // Each pair is counted as it is written (see DeflateState::countedFrom):
     // the loops wait on loads, so the counting comes almost free.
@@ -356,7 +370,7 @@ private:
             const Match m = search(p, maxLength(p, 2), 16);
             if (m.length >= deflate::kMinMatch) {
                 emitMatch(m.length, m.distance);
-                for (int q = p + 1; q < p + m.length; ++q) link(q);
+                linkRange(p + 1, p + m.length);
                 p += m.length;
             } else {
                 emitLiteral(p++);
@@ -404,7 +418,7 @@ private:
                 cur.length > deflate::kMinMatch || (cur.length == deflate::kMinMatch && cur.distance <= 4096);
             if (worthIt && cur.length >= next.length) {
                 emitMatch(cur.length, cur.distance);
-                for (int q = p + 2; q < p + cur.length; ++q) link(q);
+                linkRange(p + 2, p + cur.length);
                 p += cur.length;
                 carried = false;
                 haveAhead = false;
