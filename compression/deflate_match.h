@@ -75,7 +75,14 @@ inline int lengthFromFirstWord(const Vek8u* a, const Vek8u* b, int maxLen) {
     if (differ) return __builtin_clzll(differ) >> 3;
 #else
     if (differ & 0xFFFFFF) return 0;
+#    if defined(__x86_64__)
     if (differ) return __builtin_ctzll(differ) >> 3;
+#    else
+    // In two halves: MinGW's 64-bit helper (__ctzdi2) is written with
+    // tzcnt, an instruction beyond level 0.
+    if (const uint32_t low = uint32_t(differ)) return __builtin_ctz(low) >> 3;
+    if (const uint32_t high = uint32_t(differ >> 32)) return 4 + (__builtin_ctz(high) >> 3);
+#    endif
 #endif
     return 8 + matchLength(a + 8, b + 8, maxLen - 8);
 }
