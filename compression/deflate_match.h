@@ -377,7 +377,7 @@ private:
             const Match m = search(p, maxLength(p, 2), 16);
             if (m.length >= deflate::kMinMatch) {
                 emitMatch(m.length, m.distance);
-                linkRange(p + 1, p + m.length);
+                for (int q = p + 1; q < p + m.length; ++q) link(q);
                 p += m.length;
             } else {
                 emitLiteral(p++);
