@@ -90,20 +90,22 @@ private:
 class BitReader {
 public:
     BitReader(Vek64u bits, int count, const Vek8u* src, int pos, int len)
-        : bits_(bits), count_(count), src_(src), pos_(pos), len_(len) {}
+        : bits_(bits), count_(count), src_(src), next_(src + pos), end_(src + len) {}
 
-    // Brings the buffer above 56 bits, as far as the input goes.
+    // Brings the buffer above 56 bits, as far as the input goes.  Reading
+    // stops at a marker by moving the end of the input to it.
     void refill() {
-        while (count_ <= 56 && !stopped_) {
-            if (pos_ + 8 <= len_) {
-                Vek64u w = 0;
-                for (int i = 0; i < 8; ++i) w = (w << 8) | src_[pos_ + i];
+        while (count_ <= 56 && next_ < end_) {
+            if (end_ - next_ >= 8) {
+                Vek64u w;
+                memcpy(&w, next_, 8);
+                w = __builtin_bswap64(w);
                 if (!hasFFByte64(w)) {
                     const int n = (64 - count_) >> 3;  // whole bytes that fit
                     const Vek64u top = n == 8 ? w : w & ~(~Vek64u(0) >> (8 * n));
                     bits_ |= top >> count_;
                     count_ += 8 * n;
-                    pos_ += n;
+                    next_ += n;
                     continue;
                 }
             }
@@ -152,35 +154,33 @@ public:
     int marker() const { return marker_; }
     Vek64u bits() const { return bits_; }
     int count() const { return count_; }
-    int position() const { return pos_; }
+    int position() const { return static_cast<int>(next_ - src_); }
 
 private:
+    // One byte (end_ > next_): a stuffed 0xFF 0x00 gives 0xFF; a marker or
+    // fill bytes running to the end of the input end the input there.
     void refillByte() {
-        if (pos_ >= len_) {
-            stopped_ = true;
-            return;
-        }
-        Vek8u b = src_[pos_];
-        int next = pos_ + 1;
+        const Vek8u b = *next_;
+        const Vek8u* after = next_ + 1;
         if (b == 0xFF) {
-            while (next < len_ && src_[next] == 0xFF) ++next;  // fill bytes
-            if (next >= len_ || src_[next] != 0) {
-                if (next < len_) marker_ = src_[next];
-                stopped_ = true;
+            while (after < end_ && *after == 0xFF) ++after;  // fill bytes
+            if (after >= end_ || *after != 0) {
+                if (after < end_) marker_ = *after;
+                end_ = next_;
                 return;
             }
-            ++next;  // the stuffed zero
+            ++after;  // the stuffed zero
         }
         bits_ |= Vek64u(b) << (56 - count_);
         count_ += 8;
-        pos_ = next;
+        next_ = after;
     }
 
     Vek64u bits_;
     int count_;
     const Vek8u* src_;
-    int pos_, len_;
-    bool stopped_ = false;
+    const Vek8u* next_;
+    const Vek8u* end_;
     int marker_ = 0;
 };
 

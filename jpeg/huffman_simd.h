@@ -69,6 +69,28 @@ struct VectorBlock {
 #endif
     }
 
+    // The decoders' block: cleared or copied whole, by vectors.
+    static void clear(Vek16s* block) {
+#if defined(__AVX512BW__)
+        store(block, _mm512_setzero_si512());
+        store(block + 32, _mm512_setzero_si512());
+#elif defined(__AVX2__)
+        for (int i = 0; i < 64; i += 16) store(block + i, _mm256_setzero_si256());
+#else
+        for (int i = 0; i < 64; i += 8) store(block + i, _mm_setzero_si128());
+#endif
+    }
+    static void copy(Vek16s* dst, const Vek16s* src) {
+#if defined(__AVX512BW__)
+        store(dst, load512i(src));
+        store(dst + 32, load512i(src + 32));
+#elif defined(__AVX2__)
+        for (int i = 0; i < 64; i += 16) store(dst + i, load256i(src + i));
+#else
+        for (int i = 0; i < 64; i += 8) store(dst + i, load128i(src + i));
+#endif
+    }
+
     static Vek64u bandMask(const Vek16s* zz, int al) {
 #if defined(__AVX512BW__)
         const __m128i shift = _mm_cvtsi32_si128(al);

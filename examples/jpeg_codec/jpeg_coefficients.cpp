@@ -6,6 +6,8 @@
 
 #include <string.h>
 
+#include <algorithm>
+
 #include "examples/jpeg_codec/jpeg_tables.h"
 
 namespace vekjpeg {
@@ -55,29 +57,40 @@ struct ScanSpec {
 template <class BlockFn, class RestartFn, class RowsFn>
 bool walkScan(const CoefficientImage& img, const std::vector<int>& comps, int interval, BlockFn block,
               RestartFn restart, RowsFn rows) {
+    // Units (blocks or MCUs) left in the restart interval, and the
+    // intervals begun; counted down, not divided out, on the hot path.
+    int left = interval, restarts = 0;
+    auto nextUnit = [&] {
+        if (!interval) return true;
+        if (left == 0) {
+            if (!restart(restarts++)) return false;
+            left = interval;
+        }
+        --left;
+        return true;
+    };
     if (comps.size() == 1) {
-        const Component& c = img.components[size_t(comps[0])];
-        const long units = long(c.usedWide) * c.usedHigh;
-        for (long i = 0; i < units; ++i) {
-            if (interval && i && i % interval == 0 && !restart(int(i / interval - 1))) return false;
-            const int bx = int(i % c.usedWide), by = int(i / c.usedWide);
-            if (!block(comps[0], bx, by)) return false;
-            if (bx == c.usedWide - 1 && (by + 1) % c.v == 0) rows((by + 1) / c.v);
+        const int ci = comps[0];
+        const Component& c = img.components[size_t(ci)];
+        for (int by = 0; by < c.usedHigh; ++by) {
+            for (int bx = 0; bx < c.usedWide; ++bx)
+                if (!nextUnit() || !block(ci, bx, by)) return false;
+            if ((by + 1) % c.v == 0) rows((by + 1) / c.v);
         }
         rows(img.mcusHigh);
         return true;
     }
-    const long mcus = long(img.mcusWide) * img.mcusHigh;
-    for (long m = 0; m < mcus; ++m) {
-        if (interval && m && m % interval == 0 && !restart(int(m / interval - 1))) return false;
-        const int mx = int(m % img.mcusWide), my = int(m / img.mcusWide);
-        for (int ci : comps) {
-            const Component& c = img.components[size_t(ci)];
-            for (int y = 0; y < c.v; ++y)
-                for (int x = 0; x < c.h; ++x)
-                    if (!block(ci, mx * c.h + x, my * c.v + y)) return false;
+    for (int my = 0; my < img.mcusHigh; ++my) {
+        for (int mx = 0; mx < img.mcusWide; ++mx) {
+            if (!nextUnit()) return false;
+            for (int ci : comps) {
+                const Component& c = img.components[size_t(ci)];
+                for (int y = 0; y < c.v; ++y)
+                    for (int x = 0; x < c.h; ++x)
+                        if (!block(ci, mx * c.h + x, my * c.v + y)) return false;
+            }
         }
-        if (mx == img.mcusWide - 1) rows(my + 1);
+        rows(my + 1);
     }
     return true;
 }
@@ -151,6 +164,7 @@ public:
         }
         if (!haveFrame_) return "no frame header before the end of the image";
         if (!scans_) return "no scan before the end of the image";
+        for (size_t i = 0; i < img_.components.size(); ++i) zeroUnwritten(int(i));
         return "";
     }
 
@@ -185,7 +199,10 @@ private:
                 if (img_.components[size_t(j)].id == c.id) return "two components with one identifier";
         }
         haveFrame_ = true;
-        return layOut(img_, maxBytes_);
+        // Sequential scans write every block they walk: the coefficients
+        // are zeroed only where no scan will (see unwritten_).
+        for (int i = 0; i < count; ++i) unwritten_[i] = !progressive;
+        return layOut(img_, maxBytes_, progressive);
     }
 
     std::string quantTables(const uint8_t* s, int len) {
@@ -260,7 +277,21 @@ private:
                 return "a scan uses an AC Huffman table that is not defined";
         }
         ++scans_;
+        // A scan of one component walks only the blocks inside the image:
+        // the MCU padding around them must read as zeros.
+        for (int ci : scan.components) {
+            const Component& c = img_.components[size_t(ci)];
+            if (count == 1 && (c.usedWide != c.blocksWide || c.usedHigh != c.blocksHigh)) zeroUnwritten(ci);
+            unwritten_[ci] = false;
+        }
         return decodeScan(scan, kind, dcTable, acTable, pos);
+    }
+
+    void zeroUnwritten(int ci) {
+        if (!unwritten_[ci]) return;
+        std::vector<Vek16s>& k = img_.components[size_t(ci)].coefficients;
+        std::fill(k.begin(), k.end(), Vek16s(0));
+        unwritten_[ci] = false;
     }
 
     std::string decodeScan(const ScanSpec& scan, ScanKind kind, const int* dcTable, const int* acTable, int& pos) {
@@ -269,14 +300,11 @@ private:
         Vek16s lastDc[4] = {};
         int marker = 0;
         VekStatus failure = StatusOk;
-        auto slot = [&](int component) {
-            for (size_t i = 0; i < scan.components.size(); ++i)
-                if (scan.components[i] == component) return int(i);
-            return 0;
-        };
+        int slotOf[4] = {};  // the scan's slot of each frame component
+        for (size_t i = 0; i < scan.components.size(); ++i) slotOf[scan.components[i]] = int(i);
         auto block = [&](int ci, int bx, int by) {
             Vek16s* b = img_.components[size_t(ci)].block(bx, by);
-            const int i = slot(ci);
+            const int i = slotOf[ci];
             VekStatus s = StatusOk;
             switch (kind) {
             case ScanKind::Baseline:
@@ -340,6 +368,7 @@ private:
     size_t maxBytes_;
     const RowsDone& rowsDone_;
     bool haveFrame_ = false;
+    bool unwritten_[4] = {};  // coefficients not zeroed, no scan written yet
     int scans_ = 0;
     DecodeTable dc_[4] = {
         DecodeTable(vekiDecodeHuffmanSpecGetSize_JPEG_8u), DecodeTable(vekiDecodeHuffmanSpecGetSize_JPEG_8u),
@@ -608,7 +637,7 @@ void resetKeepingMemory(CoefficientImage& img) {
     for (size_t i = 0; i < memory.size(); ++i) img.components[i].coefficients = std::move(memory[i]);
 }
 
-std::string layOut(CoefficientImage& img, size_t maxBytes) {
+std::string layOut(CoefficientImage& img, size_t maxBytes, bool zero) {
     img.maxH = img.maxV = 1;
     for (const Component& c : img.components) {
         img.maxH = c.h > img.maxH ? c.h : img.maxH;
@@ -629,7 +658,13 @@ std::string layOut(CoefficientImage& img, size_t maxBytes) {
     if (total > maxBytes)
         return "image too large: " + std::to_string(img.width) + "x" + std::to_string(img.height) + " would need " +
                std::to_string(total >> 20) + " MiB of coefficients";
-    for (Component& c : img.components) c.coefficients.assign(size_t(c.blocksWide) * size_t(c.blocksHigh) * 64, 0);
+    for (Component& c : img.components) {
+        const size_t n = size_t(c.blocksWide) * size_t(c.blocksHigh) * 64;
+        if (zero)
+            c.coefficients.assign(n, 0);
+        else
+            c.coefficients.resize(n);
+    }
     return "";
 }
 
