@@ -1,8 +1,8 @@
 // Bit packing of the JPEG Huffman coders, written once for every level.
 //
 // BitWriter puts codes most significant bit first into a 64-bit buffer and
-// writes whole 32-bit words as bytes, with a 0x00 after every 0xFF byte
-// (byte stuffing).  It writes into a staging buffer: the caller copies the
+// writes it as bytes 8 at a time, with a 0x00 after every 0xFF byte (byte
+// stuffing); between calls it holds fewer than 32 bits.  It writes into a staging buffer: the caller copies the
 // bytes out only when the whole call has succeeded, so a failing call
 // writes nothing.
 //
@@ -40,11 +40,25 @@ class BitWriter {
 public:
     BitWriter(Vek64u bits, int count, Vek8u* out) : bits_(bits), count_(count), out_(out) {}
 
-    // Appends the `length` low bits of `value` (length 0..32, count < 32).
+    // Appends the `length` low bits of `value` (length 0..32; the bits
+    // above it zero).  The buffer fills to 64 bits and goes out 8 bytes at
+    // a time.
     void put(Vek32u value, int length) {
-        bits_ = (bits_ << length) | value;
-        count_ += length;
-        if (count_ >= 32) {
+        if (count_ + length <= 64) {
+            bits_ = (bits_ << length) | value;
+            count_ += length;
+            return;
+        }
+        const int room = 64 - count_, rest = length - room;  // 0 <= room < length <= 32
+        writeLong((bits_ << room) | (value >> rest));
+        bits_ = value;
+        count_ = rest;
+    }
+
+    // Writes the whole 32-bit words pending, leaving fewer than 32 bits: the
+    // writer's state between calls.
+    void settle() {
+        while (count_ >= 32) {
             count_ -= 32;
             writeWord(static_cast<Vek32u>(bits_ >> count_));
         }
@@ -72,13 +86,21 @@ private:
     }
     void writeWord(Vek32u w) {
         if (!hasFFByte32(w)) {
-            out_[0] = static_cast<Vek8u>(w >> 24);
-            out_[1] = static_cast<Vek8u>(w >> 16);
-            out_[2] = static_cast<Vek8u>(w >> 8);
-            out_[3] = static_cast<Vek8u>(w);
+            w = __builtin_bswap32(w);
+            memcpy(out_, &w, 4);
             out_ += 4;
         } else {
             for (int shift = 24; shift >= 0; shift -= 8) writeByte(static_cast<Vek8u>(w >> shift));
+        }
+    }
+    void writeLong(Vek64u w) {
+        if (!hasFFByte64(w)) {
+            w = __builtin_bswap64(w);
+            memcpy(out_, &w, 8);
+            out_ += 8;
+        } else {
+            writeWord(static_cast<Vek32u>(w >> 32));
+            writeWord(static_cast<Vek32u>(w));
         }
     }
 

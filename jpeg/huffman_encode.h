@@ -226,7 +226,8 @@ VekStatus codeAcRefine(Sink& sink, const Vek16s* src, int ss, int se, int al, co
 // ---- encoding calls: stage, then commit ----------------------------------
 
 // Copies the staged bytes out and keeps the writer's pending bits.
-inline VekStatus commitBytes(const EncodeSink& sink, Vek8u* dst, int dstLen, int* pos, EncodeState& st) {
+inline VekStatus commitBytes(EncodeSink& sink, Vek8u* dst, int dstLen, int* pos, EncodeState& st) {
+    sink.writer_.settle();
     const int n = sink.bytes();
     if (n > dstLen - *pos) return StatusOutOfBuffer;
     memcpy(dst + *pos, sink.stage_, static_cast<size_t>(n));

@@ -49,14 +49,13 @@ struct ScanSpec {
     }
 };
 
-// Calls block(component, bx, by) for every block of the scan in coding
-// order, restart(n) before the first MCU of restart interval n + 1, and
-// rows(n) whenever the scan's blocks of the first n MCU rows are complete.
-// A scan of one component codes its blocks alone, row by row; a scan of
-// several codes whole MCUs.  Stops when a call returns false.
-template <class BlockFn, class RestartFn, class RowsFn>
-bool walkScan(const CoefficientImage& img, const std::vector<int>& comps, int interval, BlockFn block,
-              RestartFn restart, RowsFn rows) {
+// Calls block(component, coefficients) for every block of the scan in
+// coding order, restart(n) before the first MCU of restart interval n + 1,
+// and rows(n) whenever the scan's blocks of the first n MCU rows are
+// complete.  A scan of one component codes its blocks alone, row by row; a
+// scan of several codes whole MCUs.  Stops when a call returns false.
+template <class Image, class BlockFn, class RestartFn, class RowsFn>
+bool walkScan(Image& img, const std::vector<int>& comps, int interval, BlockFn block, RestartFn restart, RowsFn rows) {
     // Units (blocks or MCUs) left in the restart interval, and the
     // intervals begun; counted down, not divided out, on the hot path.
     int left = interval, restarts = 0;
@@ -71,23 +70,34 @@ bool walkScan(const CoefficientImage& img, const std::vector<int>& comps, int in
     };
     if (comps.size() == 1) {
         const int ci = comps[0];
-        const Component& c = img.components[size_t(ci)];
+        auto& c = img.components[size_t(ci)];
         for (int by = 0; by < c.usedHigh; ++by) {
             for (int bx = 0; bx < c.usedWide; ++bx)
-                if (!nextUnit() || !block(ci, bx, by)) return false;
+                if (!nextUnit() || !block(ci, c.block(bx, by))) return false;
             if ((by + 1) % c.v == 0) rows((by + 1) / c.v);
         }
         rows(img.mcusHigh);
         return true;
     }
+    // The blocks of an MCU: component and distance from the MCU's first
+    // block of that component, in coding order (at most 4 x 4 x 4).
+    struct Unit {
+        int ci;
+        size_t offset;
+    };
+    Unit units[64];
+    int count = 0;
+    for (int ci : comps) {
+        const auto& c = img.components[size_t(ci)];
+        for (int y = 0; y < c.v; ++y)
+            for (int x = 0; x < c.h; ++x) units[count++] = {ci, (size_t(y) * size_t(c.blocksWide) + size_t(x)) * 64};
+    }
     for (int my = 0; my < img.mcusHigh; ++my) {
         for (int mx = 0; mx < img.mcusWide; ++mx) {
             if (!nextUnit()) return false;
-            for (int ci : comps) {
-                const Component& c = img.components[size_t(ci)];
-                for (int y = 0; y < c.v; ++y)
-                    for (int x = 0; x < c.h; ++x)
-                        if (!block(ci, mx * c.h + x, my * c.v + y)) return false;
+            for (int u = 0; u < count; ++u) {
+                auto& c = img.components[size_t(units[u].ci)];
+                if (!block(units[u].ci, c.block(mx * c.h, my * c.v) + units[u].offset)) return false;
             }
         }
         rows(my + 1);
@@ -302,8 +312,7 @@ private:
         VekStatus failure = StatusOk;
         int slotOf[4] = {};  // the scan's slot of each frame component
         for (size_t i = 0; i < scan.components.size(); ++i) slotOf[scan.components[i]] = int(i);
-        auto block = [&](int ci, int bx, int by) {
-            Vek16s* b = img_.components[size_t(ci)].block(bx, by);
+        auto block = [&](int ci, Vek16s* b) {
             const int i = slotOf[ci];
             VekStatus s = StatusOk;
             switch (kind) {
@@ -479,8 +488,7 @@ private:
                 vekiGetHuffmanStatistics8x8_ACRefine_JPEG_16s_C1(nullptr, acCounts[cls], scan.ss, scan.se, scan.al,
                                                                  state.get(), 1);
         };
-        auto block = [&](int ci, int bx, int by) {
-            const Vek16s* b = img_.components[size_t(ci)].block(bx, by);
+        auto block = [&](int ci, const Vek16s* b) {
             const int k = tableClass(ci);
             switch (kind) {
             case ScanKind::Baseline:
@@ -596,8 +604,8 @@ private:
             return VekStatus(StatusOk);
         };
         const int first = scan.components[0];
-        auto block = [&](int ci, int bx, int by) {
-            failure = call(ci, img_.components[size_t(ci)].block(bx, by), 0);
+        auto block = [&](int ci, const Vek16s* b) {
+            failure = call(ci, b, 0);
             return failure == StatusOk;
         };
         auto restart = [&](int n) {
