@@ -63,7 +63,7 @@ private:
 inline bool dcDifference(DecodeCall& call, const DecodeSpec& dc, int& diff, VekStatus& status) {
     if (call.reader.count() < 32) call.reader.refill();
     const int32_t fast = dc.fastValue[call.reader.peek(vek::jpeg::kLookaheadBits)];
-    if (fast && !(fast & 0xF00)) {  // a symbol of 1..15: a size category
+    if (fast && !(fast & 0xF00)) {  // a symbol of 0..15: a size category
         call.reader.skip(fast & 31);
         diff = fast >> 16;
         return true;
@@ -103,12 +103,13 @@ VekStatus decodeBaseline(const Vek8u* src, int srcLen, int* pos, Vek16s* dst, Ve
             // Short codes with short values: one look-up gives both.
             const int32_t fast = ac.fastValue[call.reader.peek(vek::jpeg::kLookaheadBits)];
             if (fast) {
+                call.reader.skip(fast & 31);
+                if (fast & vek::jpeg::kFastEndOfBlock) break;
                 k += (fast >> 8) & 15;
                 if (k > 63) {
                     status = StatusJpegCoefficientRange;
                     break;
                 }
-                call.reader.skip(fast & 31);
                 where[count] = kZigzagToNatural[k];
                 values[count++] = static_cast<Vek16s>(fast >> 16);
                 continue;
