@@ -117,6 +117,7 @@ public:
     // Brings the buffer above 56 bits, as far as the input goes.  Reading
     // stops at a marker by moving the end of the input to it.
     void refill() {
+        bits_ = bits();  // bytes are or-ed in below the valid bits
         while (count_ <= 56 && next_ < end_) {
             if (end_ - next_ >= 8) {
                 Vek64u w;
@@ -133,6 +134,25 @@ public:
             }
             refillByte();
         }
+    }
+
+    // Brings the buffer to 56..63 bits without a branch on the count, where
+    // the next 8 bytes are input without a 0xFF (refill() otherwise).  The
+    // bits below the valid ones are then the stream's next bits rather than
+    // zero, which the next such refill or-es in again.  Needs count < 64.
+    void refillQuick() {
+        if (end_ - next_ >= 8) {
+            Vek64u w;
+            memcpy(&w, next_, 8);
+            w = __builtin_bswap64(w);
+            if (!hasFFByte64(w)) {
+                bits_ |= w >> count_;
+                next_ += (63 - count_) >> 3;
+                count_ |= 56;
+                return;
+            }
+        }
+        refill();
     }
 
     // The next `n` bits (1..16) without consuming them.
@@ -174,7 +194,11 @@ public:
 
     bool underrun() const { return count_ < 0; }
     int marker() const { return marker_; }
-    Vek64u bits() const { return bits_; }
+    // The valid bits, the rest zero.
+    Vek64u bits() const {
+        if (count_ >= 64) return bits_;
+        return count_ > 0 ? bits_ & ~(~Vek64u(0) >> count_) : 0;
+    }
     int count() const { return count_; }
     int position() const { return static_cast<int>(next_ - src_); }
 

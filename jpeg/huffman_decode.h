@@ -99,7 +99,7 @@ VekStatus decodeBaseline(const Vek8u* src, int srcLen, int* pos, Vek16s* dst, Ve
     int diff = 0;
     if (dcDifference(call, *vek::jpeg::specOf(dcTable), diff, status)) {
         for (int k = 1; k < 64; ++k) {
-            if (call.reader.count() < 32) call.reader.refill();
+            call.reader.refillQuick();
             // Short codes with short values: one look-up gives both.
             const int32_t fast = ac.fastValue[call.reader.peek(vek::jpeg::kLookaheadBits)];
             if (fast) {
