@@ -16,6 +16,8 @@ namespace vek::plain {
 
 namespace {
 struct ScalarBlock {
+    static constexpr bool kSizesByVector = false;
+    static void sizesAndBits(const Vek16s*, Vek32s*, Vek16s*) {}
     static void toZigzag(const Vek16s* natural, Vek16s* zz) {
         for (int k = 0; k < 64; ++k) zz[k] = natural[jpeg::kZigzagToNatural[k]];
     }
