@@ -79,25 +79,32 @@ bool walkScan(Image& img, const std::vector<int>& comps, int interval, BlockFn b
         rows(img.mcusHigh);
         return true;
     }
-    // The blocks of an MCU: component and distance from the MCU's first
-    // block of that component, in coding order (at most 4 x 4 x 4).
+    // The blocks of an MCU in coding order (at most 4 x 4 x 4): component,
+    // and where the block lies in the MCU row being coded, advanced MCU by
+    // MCU by the width of the component's MCU.
     struct Unit {
         int ci;
-        size_t offset;
+        size_t offset, step;
+        decltype(img.components[0].block(0, 0)) next;
     };
     Unit units[64];
     int count = 0;
     for (int ci : comps) {
         const auto& c = img.components[size_t(ci)];
         for (int y = 0; y < c.v; ++y)
-            for (int x = 0; x < c.h; ++x) units[count++] = {ci, (size_t(y) * size_t(c.blocksWide) + size_t(x)) * 64};
+            for (int x = 0; x < c.h; ++x)
+                units[count++] = {ci, (size_t(y) * size_t(c.blocksWide) + size_t(x)) * 64, size_t(c.h) * 64, nullptr};
     }
     for (int my = 0; my < img.mcusHigh; ++my) {
+        for (int u = 0; u < count; ++u) {
+            auto& c = img.components[size_t(units[u].ci)];
+            units[u].next = c.block(0, my * c.v) + units[u].offset;
+        }
         for (int mx = 0; mx < img.mcusWide; ++mx) {
             if (!nextUnit()) return false;
             for (int u = 0; u < count; ++u) {
-                auto& c = img.components[size_t(units[u].ci)];
-                if (!block(units[u].ci, c.block(mx * c.h, my * c.v) + units[u].offset)) return false;
+                if (!block(units[u].ci, units[u].next)) return false;
+                units[u].next += units[u].step;
             }
         }
         rows(my + 1);
