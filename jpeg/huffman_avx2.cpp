@@ -1,6 +1,6 @@
-// JPEG Huffman coding, AVX2 level: the encoders over 256-bit masks,
-// compiled with BMI1/BMI2, so bit scans and variable shifts take one
-// instruction (tzcnt, shlx/shrx).
+// JPEG Huffman coding, AVX2 level: the encoders over 256-bit masks and the
+// decoders of levels 6 and 7, compiled with BMI1/BMI2, so bit scans and
+// variable shifts take one instruction (tzcnt, shlx/shrx).
 #include <immintrin.h>
 #include <stdint.h>
 #include <string.h>

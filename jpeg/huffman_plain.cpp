@@ -1,7 +1,5 @@
 // JPEG Huffman coding, plain level: the encoders and decoders of
-// huffman_encode.h and huffman_decode.h over scalar block helpers.  The
-// decoders of every level are this code: decoding is a chain of dependent
-// table look-ups that vectors do not shorten.
+// huffman_encode.h and huffman_decode.h over scalar block helpers.
 #include <stdint.h>
 #include <string.h>
 

@@ -1,6 +1,8 @@
-// The Block policy of the JPEG Huffman encoders (huffman_encode.h) for the
-// vector levels, written once: the zig-zag reorder and the mask of
-// coefficients that are nonzero after the point transform.
+// The Block policy of the JPEG Huffman coders (huffman_encode.h,
+// huffman_decode.h) for the vector levels, written once: the zig-zag
+// reorder, the mask of coefficients that are nonzero after the point
+// transform, at AVX2 and AVX-512 the size categories and value bits of a
+// whole block, and the decoders' block cleared and copied by vectors.
 //   SSE2:    reorder by scalar gathers; the mask from 8 compares and 4
 //            movemasks (abs as max(v, -v), so -32768 stays 0x8000).
 //   SSSE3:   each 8 zig-zag outputs gathered from the rows they come from

@@ -11,10 +11,8 @@ namespace vek::sse2 {
 #include "core/simd_vocabulary.h"
 #include "jpeg/huffman_bits.h"
 #include "jpeg/huffman_checks.h"
-#include "jpeg/huffman_decode.h"
 #include "jpeg/huffman_encode.h"
 #include "jpeg/huffman_simd.h"
 
 VEK_JPEG_HUFFMAN_ENCODE_EXPORTS(VectorBlock)
-VEK_JPEG_HUFFMAN_DECODE_EXPORTS(VectorBlock)
 }  // namespace vek::sse2
