@@ -50,7 +50,7 @@ public:
             return;
         }
         const int room = 64 - count_, rest = length - room;  // 0 <= room < length <= 32
-        writeLong((bits_ << room) | (value >> rest));
+        writeLong((bits_ << room) | (Vek64u(value) >> rest));
         bits_ = value;
         count_ = rest;
     }
