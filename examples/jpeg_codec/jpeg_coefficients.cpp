@@ -588,25 +588,36 @@ private:
         VekStatus failure = StatusOk;
         int pos = int(out_.size());
         const int kRoom = 1 << 16;
+        // The output as the coder sees it (len 0: renew it from out_), and
+        // each component's tables and predictor, found once.
+        Vek8u* d = nullptr;
+        int len = 0;
+        const VekEncodeHuffmanSpec *dcOf[4] = {}, *acOf[4] = {};
+        for (size_t c = 0; c < img_.components.size() && c < 4; ++c) {
+            dcOf[c] = dc[tableClass(int(c))].get();
+            acOf[c] = ac[tableClass(int(c))].get();
+        }
+        VekEncodeHuffmanState* st = state.get();
         auto call = [&](int ci, const Vek16s* b, int flush) {
-            if (int(out_.size()) - pos < 1024) out_.resize(size_t(pos) + kRoom);
-            const int k = tableClass(ci), len = int(out_.size());
-            Vek8u* d = out_.data();
+            if (len - pos < 1024) {
+                out_.resize(size_t(pos) + kRoom);
+                d = out_.data();
+                len = int(out_.size());
+            }
             switch (kind) {
             case ScanKind::Baseline:
-                return vekiEncodeHuffman8x8_JPEG_16s1u_C1(b, d, len, &pos, &lastDc[ci], dc[k].get(), ac[k].get(),
-                                                          state.get(), flush);
+                return vekiEncodeHuffman8x8_JPEG_16s1u_C1(b, d, len, &pos, &lastDc[ci], dcOf[ci], acOf[ci], st, flush);
             case ScanKind::DcFirst:
-                return vekiEncodeHuffman8x8_DCFirst_JPEG_16s1u_C1(b, d, len, &pos, &lastDc[ci], scan.al, dc[k].get(),
-                                                                  state.get(), flush);
+                return vekiEncodeHuffman8x8_DCFirst_JPEG_16s1u_C1(b, d, len, &pos, &lastDc[ci], scan.al, dcOf[ci], st,
+                                                                  flush);
             case ScanKind::DcRefine:
-                return vekiEncodeHuffman8x8_DCRefine_JPEG_16s1u_C1(b, d, len, &pos, scan.al, state.get(), flush);
+                return vekiEncodeHuffman8x8_DCRefine_JPEG_16s1u_C1(b, d, len, &pos, scan.al, st, flush);
             case ScanKind::AcFirst:
-                return vekiEncodeHuffman8x8_ACFirst_JPEG_16s1u_C1(b, d, len, &pos, scan.ss, scan.se, scan.al,
-                                                                  ac[k].get(), state.get(), flush);
+                return vekiEncodeHuffman8x8_ACFirst_JPEG_16s1u_C1(b, d, len, &pos, scan.ss, scan.se, scan.al, acOf[ci],
+                                                                  st, flush);
             case ScanKind::AcRefine:
-                return vekiEncodeHuffman8x8_ACRefine_JPEG_16s1u_C1(b, d, len, &pos, scan.ss, scan.se, scan.al,
-                                                                   ac[k].get(), state.get(), flush);
+                return vekiEncodeHuffman8x8_ACRefine_JPEG_16s1u_C1(b, d, len, &pos, scan.ss, scan.se, scan.al, acOf[ci],
+                                                                   st, flush);
             }
             return VekStatus(StatusOk);
         };
@@ -620,6 +631,7 @@ private:
             out_.resize(size_t(pos));
             marker(out_, 0xD0 + n % 8);
             pos = int(out_.size());
+            len = 0;
             for (Vek16s& d : lastDc) d = 0;
             return true;
         };
