@@ -317,30 +317,36 @@ private:
         Vek16s lastDc[4] = {};
         int marker = 0;
         VekStatus failure = StatusOk;
-        int slotOf[4] = {};  // the scan's slot of each frame component
-        for (size_t i = 0; i < scan.components.size(); ++i) slotOf[scan.components[i]] = int(i);
+        // Each frame component's predictor and tables in this scan, found once.
+        Vek16s* lastDcOf[4] = {};
+        const VekDecodeHuffmanSpec *dcOf[4] = {}, *acOf[4] = {};
+        for (size_t i = 0; i < scan.components.size(); ++i) {
+            const int c = scan.components[i];
+            lastDcOf[c] = &lastDc[i];
+            dcOf[c] = dc_[dcTable[i]].get();
+            acOf[c] = ac_[acTable[i]].get();
+        }
+        VekDecodeHuffmanState* st = state.get();
         auto block = [&](int ci, Vek16s* b) {
-            const int i = slotOf[ci];
             VekStatus s = StatusOk;
             switch (kind) {
             case ScanKind::Baseline:
-                s = vekiDecodeHuffman8x8_JPEG_1u16s_C1(d_, n_, &pos, b, &lastDc[i], &marker, dc_[dcTable[i]].get(),
-                                                       ac_[acTable[i]].get(), state.get());
+                s = vekiDecodeHuffman8x8_JPEG_1u16s_C1(d_, n_, &pos, b, lastDcOf[ci], &marker, dcOf[ci], acOf[ci], st);
                 break;
             case ScanKind::DcFirst:
-                s = vekiDecodeHuffman8x8_DCFirst_JPEG_1u16s_C1(d_, n_, &pos, b, &lastDc[i], &marker, scan.al,
-                                                               dc_[dcTable[i]].get(), state.get());
+                s = vekiDecodeHuffman8x8_DCFirst_JPEG_1u16s_C1(d_, n_, &pos, b, lastDcOf[ci], &marker, scan.al,
+                                                               dcOf[ci], st);
                 break;
             case ScanKind::DcRefine:
-                s = vekiDecodeHuffman8x8_DCRefine_JPEG_1u16s_C1(d_, n_, &pos, b, &marker, scan.al, state.get());
+                s = vekiDecodeHuffman8x8_DCRefine_JPEG_1u16s_C1(d_, n_, &pos, b, &marker, scan.al, st);
                 break;
             case ScanKind::AcFirst:
                 s = vekiDecodeHuffman8x8_ACFirst_JPEG_1u16s_C1(d_, n_, &pos, b, &marker, scan.ss, scan.se, scan.al,
-                                                               ac_[acTable[i]].get(), state.get());
+                                                               acOf[ci], st);
                 break;
             case ScanKind::AcRefine:
                 s = vekiDecodeHuffman8x8_ACRefine_JPEG_1u16s_C1(d_, n_, &pos, b, &marker, scan.ss, scan.se, scan.al,
-                                                                ac_[acTable[i]].get(), state.get());
+                                                                acOf[ci], st);
                 break;
             }
             failure = s;
