@@ -254,9 +254,17 @@ constexpr int groupRows() {
 
 // ---- predictions ---------------------------------------------------------------------
 
-// The prediction of a group of Rows rows of W samples by Mode, in bytes;
-// rc holds the rounding control (0 or 1) in every byte.
-template <class L, int W, int Rows, int Dx, int Mode>
+// The rounding control of a prediction: 0 or 1 known when the kernel is
+// built (the one-reference and two-reference tables have an entry for
+// each), or kRoundingInVector: the value given in every byte of rc.
+constexpr int kRoundingInVector = -1;
+
+// The prediction of a group of Rows rows of W samples by Mode, in bytes.
+// A known rounding control drops the operations it makes void: 0 leaves a
+// half-sample average the plain pavgb, 1 folds the two corrections of the
+// four-sample average into one ((u ^ v) & 1 covers the case the first
+// term corrects).
+template <class L, int W, int Rows, int Dx, int Mode, int RC>
 inline typename L::V predictRows(const Vek8u* r, ptrdiff_t step, typename L::V rc) {
     constexpr int n = W * Rows;
     const typename L::V a = L::template gather<W, 0, n>(r, step);
@@ -264,14 +272,18 @@ inline typename L::V predictRows(const Vek8u* r, ptrdiff_t step, typename L::V r
         return a;
     } else if constexpr (Mode == 4 || Mode == 8) {
         const typename L::V b = L::template gather<W, 0, n>(Mode == 4 ? r + step : r + Dx, step);
-        return L::sub8(L::avg(a, b), L::bitAnd(L::bitXor(a, b), rc));
+        if constexpr (RC == 0) return L::avg(a, b);
+        const typename L::V ones = RC == 1 ? L::bytes(1) : rc;
+        return L::sub8(L::avg(a, b), L::bitAnd(L::bitXor(a, b), ones));
     } else {
         const typename L::V b = L::template gather<W, 0, n>(r + Dx, step);
         const typename L::V c = L::template gather<W, 0, n>(r + step, step);
         const typename L::V d = L::template gather<W, 0, n>(r + step + Dx, step);
         const typename L::V u = L::avg(a, b), v = L::avg(c, d), ab = L::bitXor(a, b), cd = L::bitXor(c, d);
         const typename L::V uv = L::bitXor(u, v);
+        if constexpr (RC == 1) return L::sub8(L::avg(u, v), L::bitAnd(L::bitOr(uv, L::bitAnd(ab, cd)), L::bytes(1)));
         const typename L::V roundsDown = L::bitAnd(L::bitAnd(L::bitOr(ab, cd), uv), L::bytes(1));
+        if constexpr (RC == 0) return L::sub8(L::avg(u, v), roundsDown);
         const typename L::V halvesDown = L::bitAnd(rc, L::bitOr(uv, L::bitAnd(ab, cd)));
         return L::sub8(L::avg(u, v), L::bitOr(roundsDown, halvesDown));
     }

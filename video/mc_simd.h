@@ -49,30 +49,29 @@ inline void addResidual(typename L::V p, const Vek16s* residual, int residualSte
     L::template scatter<W, 0, W * Rows>(dst, dstStep, sum);
 }
 
-template <int W, int H, int Dx, int Mode>
-void mcBlock(const Vek8u* ref, int refStep, const Vek16s* residual, int residualStep, Vek8u* dst, int dstStep,
-             int roundControl) {
+template <int W, int H, int Dx, int Mode, int RC>
+VekStatus mcBlock(const Vek8u* ref, int refStep, const Vek16s* residual, int residualStep, Vek8u* dst, int dstStep) {
     using L = Lanes<vectorFor<W, H>()>;
     constexpr int G = groupRows<W, H>();
-    const typename L::V rc = L::bytes(roundControl);
     for (int y = 0; y < H; y += G) {
-        const typename L::V p = predictRows<L, W, G, Dx, Mode>(blockRow(ref, refStep, y), refStep, rc);
+        const typename L::V p = predictRows<L, W, G, Dx, Mode, RC>(blockRow(ref, refStep, y), refStep, L::zero());
         addResidual<L, W, G>(p, blockRow(residual, residualStep, y), residualStep, blockRow(dst, dstStep, y), dstStep);
     }
+    return StatusOk;
 }
 
-template <int W, int H, int Dx, int ModeF, int ModeB>
-void mcBlockB(const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep, const Vek16s* residual,
-              int residualStep, Vek8u* dst, int dstStep, int roundControl) {
+template <int W, int H, int Dx, int ModeF, int ModeB, int RC>
+VekStatus mcBlockB(const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep, const Vek16s* residual,
+                   int residualStep, Vek8u* dst, int dstStep) {
     using L = Lanes<vectorFor<W, H>()>;
     constexpr int G = groupRows<W, H>();
-    const typename L::V rc = L::bytes(roundControl);
     for (int y = 0; y < H; y += G) {
-        const typename L::V pf = predictRows<L, W, G, Dx, ModeF>(blockRow(refF, refFStep, y), refFStep, rc);
-        const typename L::V pb = predictRows<L, W, G, Dx, ModeB>(blockRow(refB, refBStep, y), refBStep, rc);
+        const typename L::V pf = predictRows<L, W, G, Dx, ModeF, RC>(blockRow(refF, refFStep, y), refFStep, L::zero());
+        const typename L::V pb = predictRows<L, W, G, Dx, ModeB, RC>(blockRow(refB, refBStep, y), refBStep, L::zero());
         addResidual<L, W, G>(L::avg(pf, pb), blockRow(residual, residualStep, y), residualStep,
                              blockRow(dst, dstStep, y), dstStep);
     }
+    return StatusOk;
 }
 
 // diff = cur - p for a group of rows.
@@ -84,32 +83,37 @@ inline void storeDifference(const Vek8u* cur, int curStep, typename L::V p, Vek1
 }
 
 template <int W, int H, int Mode, bool WithPredictor>
-void diffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16s* diff, int diffStep,
-               Vek16s* predictor, int predictorStep, int roundControl) {
+VekStatus diffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16s* diff, int diffStep,
+                    Vek16s* predictor, int predictorStep, int roundControl) {
     using L = Lanes<vectorFor<W, H>()>;
     constexpr int G = groupRows<W, H>();
     const typename L::V rc = L::bytes(roundControl);
     for (int y = 0; y < H; y += G) {
-        const typename L::V p = predictRows<L, W, G, 1, Mode>(blockRow(ref, refStep, y), refStep, rc);
+        const typename L::V p =
+            predictRows<L, W, G, 1, Mode, kRoundingInVector>(blockRow(ref, refStep, y), refStep, rc);
         storeDifference<L, W, G>(blockRow(cur, curStep, y), curStep, p, blockRow(diff, diffStep, y), diffStep);
         if constexpr (WithPredictor)
             Words<L, W, G>::store(bytesOf(blockRow(predictor, predictorStep, y)), predictorStep, L::widenLo(p),
                                   L::widenHi(p));
     }
+    return StatusOk;
 }
 
 template <int W, int H, int ModeF, int ModeB>
-void diffBlockB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep,
-                Vek16s* diff, int diffStep, int roundControl) {
+VekStatus diffBlockB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep,
+                     Vek16s* diff, int diffStep, int roundControl) {
     using L = Lanes<vectorFor<W, H>()>;
     constexpr int G = groupRows<W, H>();
     const typename L::V rc = L::bytes(roundControl);
     for (int y = 0; y < H; y += G) {
-        const typename L::V pf = predictRows<L, W, G, 1, ModeF>(blockRow(refF, refFStep, y), refFStep, rc);
-        const typename L::V pb = predictRows<L, W, G, 1, ModeB>(blockRow(refB, refBStep, y), refBStep, rc);
+        const typename L::V pf =
+            predictRows<L, W, G, 1, ModeF, kRoundingInVector>(blockRow(refF, refFStep, y), refFStep, rc);
+        const typename L::V pb =
+            predictRows<L, W, G, 1, ModeB, kRoundingInVector>(blockRow(refB, refBStep, y), refBStep, rc);
         storeDifference<L, W, G>(blockRow(cur, curStep, y), curStep, L::avg(pf, pb), blockRow(diff, diffStep, y),
                                  diffStep);
     }
+    return StatusOk;
 }
 
 }  // namespace

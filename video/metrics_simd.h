@@ -47,7 +47,8 @@ VekStatus sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep,
     }
     MacroV sum = Macro::zero();
     for (int y = 0; y < 16; y += kMacroRows) {
-        const MacroV p = predictRows<Macro, 16, kMacroRows, 1, Mode>(blockRow(ref, refStep, y), refStep, Macro::zero());
+        const MacroV p =
+            predictRows<Macro, 16, kMacroRows, 1, Mode, 0>(blockRow(ref, refStep, y), refStep, Macro::zero());
         sum = Macro::add32(sum, Macro::sad(macroRows(cur, curStep, y), p));
     }
     *sad = static_cast<Vek32s>(Macro::sum64(sum));
@@ -106,7 +107,8 @@ template <int Mode>
 Vek32s sqrDiffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
     MacroV sum = Macro::zero();
     for (int y = 0; y < 16; y += kMacroRows) {
-        const MacroV p = predictRows<Macro, 16, kMacroRows, 1, Mode>(blockRow(ref, refStep, y), refStep, Macro::zero());
+        const MacroV p =
+            predictRows<Macro, 16, kMacroRows, 1, Mode, 0>(blockRow(ref, refStep, y), refStep, Macro::zero());
         sum = addSquares(sum, p, macroRows(cur, curStep, y));
     }
     return static_cast<Vek32s>(Macro::sum32(sum));
@@ -117,9 +119,9 @@ Vek32s sqrDiffBlockB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFS
     MacroV sum = Macro::zero();
     for (int y = 0; y < 16; y += kMacroRows) {
         const MacroV pf =
-            predictRows<Macro, 16, kMacroRows, 1, ModeF>(blockRow(refF, refFStep, y), refFStep, Macro::zero());
+            predictRows<Macro, 16, kMacroRows, 1, ModeF, 0>(blockRow(refF, refFStep, y), refFStep, Macro::zero());
         const MacroV pb =
-            predictRows<Macro, 16, kMacroRows, 1, ModeB>(blockRow(refB, refBStep, y), refBStep, Macro::zero());
+            predictRows<Macro, 16, kMacroRows, 1, ModeB, 0>(blockRow(refB, refBStep, y), refBStep, Macro::zero());
         sum = addSquares(sum, Macro::avg(pf, pb), macroRows(cur, curStep, y));
     }
     return static_cast<Vek32s>(Macro::sum32(sum));
