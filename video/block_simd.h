@@ -56,11 +56,62 @@ inline void storeRow(Vek8u* p, __m128i v) {
     }
 }
 
-// Rows (a power of two) of R bytes, packed from byte 0; the rest is zero.
+// Whether a row of R bytes goes in or out of a vector in one instruction
+// (pinsrw, pextrw and pinsrd, pextrd need SSE4.1 but pinsrw).
+template <int R>
+constexpr bool insertsRow() {
+#if defined(__SSE4_1__)
+    return R == 2 || R == 4;
+#else
+    return R == 2;
+#endif
+}
+template <int R>
+constexpr bool extractsRow() {
+#if defined(__SSE4_1__)
+    return R == 2 || R == 4;
+#else
+    return false;
+#endif
+}
+
+// v with row Row of R bytes read from p.
+template <int R, int Row>
+inline __m128i insertRow(__m128i v, const Vek8u* p) {
+    if constexpr (R == 2) {
+        uint16_t x;
+        memcpy(&x, p, 2);
+        return _mm_insert_epi16(v, x, Row);
+    } else {
+        int32_t x;
+        memcpy(&x, p, 4);
+        return _mm_insert_epi32(v, x, Row);
+    }
+}
+// Row Row of R bytes of v written to p.
+template <int R, int Row>
+inline void extractRow(Vek8u* p, __m128i v) {
+    if constexpr (R == 2) {
+        const uint16_t x = static_cast<uint16_t>(_mm_extract_epi16(v, Row));
+        memcpy(p, &x, 2);
+    } else {
+        const int32_t x = _mm_extract_epi32(v, Row);
+        memcpy(p, &x, 4);
+    }
+}
+
+// Rows of R bytes, packed from byte 0; the rest is zero.  One instruction
+// a row where the row can be inserted (or is the high half, movhps), else
+// a tree of unpacks.
 template <int R, int Rows>
 inline __m128i loadRows(const Vek8u* p, ptrdiff_t step) {
     if constexpr (Rows == 1) {
         return loadRow<R>(p);
+    } else if constexpr (insertsRow<R>()) {
+        return insertRow<R, Rows - 1>(loadRows<R, Rows - 1>(p, step), p + (Rows - 1) * step);
+    } else if constexpr (R == 8) {
+        return _mm_castpd_si128(
+            _mm_loadh_pd(_mm_castsi128_pd(loadRow<8>(p)), reinterpret_cast<const double*>(p + step)));
     } else {
         constexpr int half = Rows / 2, bytes = half * R;
         const __m128i lo = loadRows<R, half>(p, step), hi = loadRows<R, half>(p + half * step, step);
@@ -73,6 +124,12 @@ template <int R, int Rows>
 inline void storeRows(Vek8u* p, ptrdiff_t step, __m128i v) {
     if constexpr (Rows == 1) {
         storeRow<R>(p, v);
+    } else if constexpr (extractsRow<R>()) {
+        storeRows<R, Rows - 1>(p, step, v);
+        extractRow<R, Rows - 1>(p + (Rows - 1) * step, v);
+    } else if constexpr (R == 8) {
+        storeRow<8>(p, v);
+        _mm_storeh_pd(reinterpret_cast<double*>(p + step), _mm_castsi128_pd(v));
     } else {
         constexpr int half = Rows / 2;
         storeRows<R, half>(p, step, v);
@@ -130,7 +187,13 @@ struct Lanes<16> {
     static V madd16(V a, V b) { return _mm_madd_epi16(a, b); }
     static V sad(V a, V b) { return _mm_sad_epu8(a, b); }
     // Bytes 0..7 and 8..15 widened to 16 bits.
-    static V widenLo(V v) { return _mm_unpacklo_epi8(v, _mm_setzero_si128()); }
+    static V widenLo(V v) {
+#if defined(__SSE4_1__)
+        return _mm_cvtepu8_epi16(v);
+#else
+        return _mm_unpacklo_epi8(v, _mm_setzero_si128());
+#endif
+    }
     static V widenHi(V v) { return _mm_unpackhi_epi8(v, _mm_setzero_si128()); }
     // 16-bit lanes of lo then hi, saturated to 0..255, in order.
     static V packUnsigned(V lo, V hi) { return _mm_packus_epi16(lo, hi); }
