@@ -214,6 +214,7 @@ struct Lanes<32> {
     using V = __m256i;
     template <int R, int Start, int Count>
     static V gather(const Vek8u* base, ptrdiff_t step) {
+        if constexpr (R >= 32 && Count >= 32) return load256i(base + (Start / R) * step + Start % R);
         const __m128i lo = piece128<R, Start, minOf(16, Count)>(base, step);
         if constexpr (Count <= 16)
             return _mm256_zextsi128_si256(lo);
@@ -223,6 +224,7 @@ struct Lanes<32> {
     }
     template <int R, int Start, int Count>
     static void scatter(Vek8u* base, ptrdiff_t step, V v) {
+        if constexpr (R >= 32 && Count >= 32) return store(base + (Start / R) * step + Start % R, v);
         storePiece128<R, Start, minOf(16, Count)>(base, step, _mm256_castsi256_si128(v));
         if constexpr (Count > 16)
             storePiece128<R, Start + 16, minOf(16, Count - 16)>(base, step, _mm256_extracti128_si256(v, 1));

@@ -82,19 +82,107 @@ inline void storeDifference(const Vek8u* cur, int curStep, typename L::V p, Vek1
                              L::sub16(L::widenHi(c), L::widenHi(p)));
 }
 
+#if defined(__AVX2__)
+// With AVX2 a difference of 8- or 16-sample rows goes a row at a time: the
+// row's 16-bit results fill a vector of 16 or 32 bytes, the current row
+// widens as it is loaded (pmovzxbw) and every store is a whole row.  The
+// four-sample prediction stays in wide groups of rows, where its dozen
+// operations a vector pay for the gathers.
+template <int W, int... Modes>
+constexpr bool differsByRows() {
+    return W >= 8 && ((Modes != 12) && ...);
+}
+template <int W>
+inline auto widenRow(__m128i bytes) {
+    if constexpr (W == 16)
+        return _mm256_cvtepu8_epi16(bytes);
+    else
+        return _mm_cvtepu8_epi16(bytes);
+}
+inline __m128i subWords(__m128i a, __m128i b) { return _mm_sub_epi16(a, b); }
+inline __m256i subWords(__m256i a, __m256i b) { return _mm256_sub_epi16(a, b); }
+
+// diff = cur - p for one row, p in the low W bytes.
+template <int W>
+inline void storeRowDifference(const Vek8u* cur, __m128i p, Vek16s* diff) {
+    store(diff, subWords(widenRow<W>(Lanes<16>::gather<W, 0, W>(cur, 0)), widenRow<W>(p)));
+}
+#else
+template <int W, int... Modes>
+constexpr bool differsByRows() {
+    return false;
+}
+#endif
+
+// The vector a difference's group of rows is worked in: rows of 8 bytes
+// stop at 32, where gathering them into 64 costs more than it saves.
+template <int W, int H>
+constexpr int differenceVector() {
+    return W == 8 ? minOf(32, vectorFor<W, H>()) : vectorFor<W, H>();
+}
+
+// The difference kernels are given the rounding control; each branches on
+// it once, to a body built for it.
+template <int W, int H, int Mode, bool WithPredictor, int RC>
+VekStatus differenceOf(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16s* diff, int diffStep,
+                       Vek16s* predictor, int predictorStep) {
+    if constexpr (differsByRows<W, Mode>()) {
+#if defined(__AVX2__)
+        for (int y = 0; y < H; ++y) {
+            const __m128i p =
+                predictRows<Lanes<16>, W, 1, 1, Mode, RC>(blockRow(ref, refStep, y), refStep, Lanes<16>::zero());
+            storeRowDifference<W>(blockRow(cur, curStep, y), p, blockRow(diff, diffStep, y));
+            if constexpr (WithPredictor) store(blockRow(predictor, predictorStep, y), widenRow<W>(p));
+        }
+#endif
+    } else {
+        using L = Lanes<differenceVector<W, H>()>;
+        constexpr int G = minOf(H, differenceVector<W, H>() / W);
+        for (int y = 0; y < H; y += G) {
+            const typename L::V p = predictRows<L, W, G, 1, Mode, RC>(blockRow(ref, refStep, y), refStep, L::zero());
+            storeDifference<L, W, G>(blockRow(cur, curStep, y), curStep, p, blockRow(diff, diffStep, y), diffStep);
+            if constexpr (WithPredictor)
+                Words<L, W, G>::store(bytesOf(blockRow(predictor, predictorStep, y)), predictorStep, L::widenLo(p),
+                                      L::widenHi(p));
+        }
+    }
+    return StatusOk;
+}
+
 template <int W, int H, int Mode, bool WithPredictor>
 VekStatus diffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16s* diff, int diffStep,
                     Vek16s* predictor, int predictorStep, int roundControl) {
-    using L = Lanes<vectorFor<W, H>()>;
-    constexpr int G = groupRows<W, H>();
-    const typename L::V rc = L::bytes(roundControl);
-    for (int y = 0; y < H; y += G) {
-        const typename L::V p =
-            predictRows<L, W, G, 1, Mode, kRoundingInVector>(blockRow(ref, refStep, y), refStep, rc);
-        storeDifference<L, W, G>(blockRow(cur, curStep, y), curStep, p, blockRow(diff, diffStep, y), diffStep);
-        if constexpr (WithPredictor)
-            Words<L, W, G>::store(bytesOf(blockRow(predictor, predictorStep, y)), predictorStep, L::widenLo(p),
-                                  L::widenHi(p));
+    if (Mode != 0 && roundControl != 0)
+        return differenceOf<W, H, Mode, WithPredictor, 1>(cur, curStep, ref, refStep, diff, diffStep, predictor,
+                                                          predictorStep);
+    return differenceOf<W, H, Mode, WithPredictor, 0>(cur, curStep, ref, refStep, diff, diffStep, predictor,
+                                                      predictorStep);
+}
+
+template <int W, int H, int ModeF, int ModeB, int RC>
+VekStatus differenceOfB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep,
+                        Vek16s* diff, int diffStep) {
+    if constexpr (differsByRows<W, ModeF, ModeB>()) {
+#if defined(__AVX2__)
+        for (int y = 0; y < H; ++y) {
+            const __m128i pf =
+                predictRows<Lanes<16>, W, 1, 1, ModeF, RC>(blockRow(refF, refFStep, y), refFStep, Lanes<16>::zero());
+            const __m128i pb =
+                predictRows<Lanes<16>, W, 1, 1, ModeB, RC>(blockRow(refB, refBStep, y), refBStep, Lanes<16>::zero());
+            storeRowDifference<W>(blockRow(cur, curStep, y), Lanes<16>::avg(pf, pb), blockRow(diff, diffStep, y));
+        }
+#endif
+    } else {
+        using L = Lanes<differenceVector<W, H>()>;
+        constexpr int G = minOf(H, differenceVector<W, H>() / W);
+        for (int y = 0; y < H; y += G) {
+            const typename L::V pf =
+                predictRows<L, W, G, 1, ModeF, RC>(blockRow(refF, refFStep, y), refFStep, L::zero());
+            const typename L::V pb =
+                predictRows<L, W, G, 1, ModeB, RC>(blockRow(refB, refBStep, y), refBStep, L::zero());
+            storeDifference<L, W, G>(blockRow(cur, curStep, y), curStep, L::avg(pf, pb), blockRow(diff, diffStep, y),
+                                     diffStep);
+        }
     }
     return StatusOk;
 }
@@ -102,18 +190,9 @@ VekStatus diffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep
 template <int W, int H, int ModeF, int ModeB>
 VekStatus diffBlockB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep,
                      Vek16s* diff, int diffStep, int roundControl) {
-    using L = Lanes<vectorFor<W, H>()>;
-    constexpr int G = groupRows<W, H>();
-    const typename L::V rc = L::bytes(roundControl);
-    for (int y = 0; y < H; y += G) {
-        const typename L::V pf =
-            predictRows<L, W, G, 1, ModeF, kRoundingInVector>(blockRow(refF, refFStep, y), refFStep, rc);
-        const typename L::V pb =
-            predictRows<L, W, G, 1, ModeB, kRoundingInVector>(blockRow(refB, refBStep, y), refBStep, rc);
-        storeDifference<L, W, G>(blockRow(cur, curStep, y), curStep, L::avg(pf, pb), blockRow(diff, diffStep, y),
-                                 diffStep);
-    }
-    return StatusOk;
+    if ((ModeF | ModeB) != 0 && roundControl != 0)
+        return differenceOfB<W, H, ModeF, ModeB, 1>(cur, curStep, refF, refFStep, refB, refBStep, diff, diffStep);
+    return differenceOfB<W, H, ModeF, ModeB, 0>(cur, curStep, refF, refFStep, refB, refBStep, diff, diffStep);
 }
 
 }  // namespace
