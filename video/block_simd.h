@@ -171,6 +171,20 @@ struct Lanes<16> {
     static void scatter(Vek8u* base, ptrdiff_t step, V v) {
         storePiece128<R, Start, minOf(16, Count)>(base, step, v);
     }
+    // The rows one further down than those of a (the stream from base):
+    // a shifted by a row, and the one new row read.
+    template <int R, int Count>
+    static V below(V a, const Vek8u* base, ptrdiff_t step) {
+        if constexpr (R >= 16) {
+            return gather<R, 0, Count>(base + step, step);
+        } else {
+            const __m128i next = loadRow<R>(base + (Count / R) * step);
+#if defined(__SSSE3__)
+            if constexpr (Count == 16) return _mm_alignr_epi8(next, a, R);
+#endif
+            return _mm_or_si128(_mm_srli_si128(a, R), _mm_slli_si128(next, Count - R));
+        }
+    }
     static V zero() { return _mm_setzero_si128(); }
     static V bytes(int x) { return _mm_set1_epi8(static_cast<char>(x)); }
     static V words(int x) { return _mm_set1_epi16(static_cast<short>(x)); }
@@ -229,6 +243,18 @@ struct Lanes<32> {
         if constexpr (Count > 16)
             storePiece128<R, Start + 16, minOf(16, Count - 16)>(base, step, _mm256_extracti128_si256(v, 1));
     }
+    // Across the halves: each takes its next row from the half above.
+    template <int R, int Count>
+    static V below(V a, const Vek8u* base, ptrdiff_t step) {
+        if constexpr (R >= 16) {
+            return gather<R, 0, Count>(base + step, step);
+        } else if constexpr (Count <= 16) {
+            return _mm256_zextsi128_si256(Lanes<16>::below<R, Count>(_mm256_castsi256_si128(a), base, step));
+        } else {
+            const __m256i next = _mm256_zextsi128_si256(loadRow<R>(base + (Count / R) * step));
+            return _mm256_alignr_epi8(_mm256_permute2x128_si256(a, next, 0x21), a, R);
+        }
+    }
     static V zero() { return _mm256_setzero_si256(); }
     static V bytes(int x) { return _mm256_set1_epi8(static_cast<char>(x)); }
     static V words(int x) { return _mm256_set1_epi16(static_cast<short>(x)); }
@@ -275,6 +301,17 @@ struct Lanes<64> {
         Lanes<32>::scatter<R, Start, minOf(32, Count)>(base, step, _mm512_castsi512_si256(v));
         if constexpr (Count > 32)
             Lanes<32>::scatter<R, Start + 32, minOf(32, Count - 32)>(base, step, _mm512_extracti64x4_epi64(v, 1));
+    }
+    // Rows of 8 bytes shift by a quadword across the whole vector (valignq).
+    template <int R, int Count>
+    static V below(V a, const Vek8u* base, ptrdiff_t step) {
+        if constexpr (R == 8 && Count == 64) {
+            return _mm512_alignr_epi64(_mm512_zextsi128_si512(loadRow<8>(base + 8 * step)), a, 1);
+        } else if constexpr (R < 16 && Count <= 32) {
+            return _mm512_zextsi256_si512(Lanes<32>::below<R, Count>(_mm512_castsi512_si256(a), base, step));
+        } else {
+            return gather<R, 0, Count>(base + step, step);
+        }
     }
     static V zero() { return _mm512_setzero_si512(); }
     static V bytes(int x) { return _mm512_set1_epi8(static_cast<char>(x)); }
@@ -336,14 +373,18 @@ inline typename L::V predictRows(const Vek8u* r, ptrdiff_t step, typename L::V r
     if constexpr (Mode == 0) {
         return a;
     } else if constexpr (Mode == 4 || Mode == 8) {
-        const typename L::V b = L::template gather<W, 0, n>(Mode == 4 ? r + step : r + Dx, step);
+        typename L::V b;
+        if constexpr (Mode == 4)
+            b = L::template below<W, n>(a, r, step);
+        else
+            b = L::template gather<W, 0, n>(r + Dx, step);
         if constexpr (RC == 0) return L::avg(a, b);
         const typename L::V ones = RC == 1 ? L::bytes(1) : rc;
         return L::sub8(L::avg(a, b), L::bitAnd(L::bitXor(a, b), ones));
     } else {
         const typename L::V b = L::template gather<W, 0, n>(r + Dx, step);
-        const typename L::V c = L::template gather<W, 0, n>(r + step, step);
-        const typename L::V d = L::template gather<W, 0, n>(r + step + Dx, step);
+        const typename L::V c = L::template below<W, n>(a, r, step);
+        const typename L::V d = L::template below<W, n>(b, r + Dx, step);
         const typename L::V u = L::avg(a, b), v = L::avg(c, d), ab = L::bitXor(a, b), cd = L::bitXor(c, d);
         const typename L::V uv = L::bitXor(u, v);
         if constexpr (RC == 1) return L::sub8(L::avg(u, v), L::bitAnd(L::bitOr(uv, L::bitAnd(ab, cd)), L::bytes(1)));
