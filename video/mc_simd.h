@@ -7,6 +7,9 @@
 //   two references:  (pF + pB + 2e + 1) >> 1 = pavgb(pF, pB) + e, likewise;
 //   difference B:    (2c - pF - pB) >> 1 = c - pavgb(pF, pB).
 //
+// The helpers are forced inline, as in block_simd.h: with hundreds of
+// kernels using each of them, GCC would otherwise call them out of line.
+//
 // Included inside a level's namespace after block_simd.h; internal linkage.
 #ifndef VEK_VIDEO_MC_SIMD_H
 #define VEK_VIDEO_MC_SIMD_H
@@ -14,11 +17,11 @@
 namespace {
 
 template <class T>
-inline const Vek8u* bytesOf(const T* p) {
+[[gnu::always_inline]] inline const Vek8u* bytesOf(const T* p) {
     return reinterpret_cast<const Vek8u*>(p);
 }
 template <class T>
-inline Vek8u* bytesOf(T* p) {
+[[gnu::always_inline]] inline Vek8u* bytesOf(T* p) {
     return reinterpret_cast<Vek8u*>(p);
 }
 
@@ -27,14 +30,14 @@ inline Vek8u* bytesOf(T* p) {
 template <class L, int W, int Rows>
 struct Words {
     static constexpr int kBytes = 4 * W * Rows / 2, kVector = sizeof(typename L::V);
-    static void load(const Vek8u* base, ptrdiff_t step, typename L::V& lo, typename L::V& hi) {
+    [[gnu::always_inline]] static void load(const Vek8u* base, ptrdiff_t step, typename L::V& lo, typename L::V& hi) {
         lo = L::template gather<2 * W, 0, minOf(kVector, kBytes)>(base, step);
         if constexpr (kBytes > kVector)
             hi = L::template gather<2 * W, kVector, kBytes - kVector>(base, step);
         else
             hi = L::zero();
     }
-    static void store(Vek8u* base, ptrdiff_t step, typename L::V lo, typename L::V hi) {
+    [[gnu::always_inline]] static void store(Vek8u* base, ptrdiff_t step, typename L::V lo, typename L::V hi) {
         L::template scatter<2 * W, 0, minOf(kVector, kBytes)>(base, step, lo);
         if constexpr (kBytes > kVector) L::template scatter<2 * W, kVector, kBytes - kVector>(base, step, hi);
     }
@@ -42,17 +45,21 @@ struct Words {
 
 // dst = clamp(p + residual) for a group of rows.
 template <class L, int W, int Rows>
-inline void addResidual(typename L::V p, const Vek16s* residual, int residualStep, Vek8u* dst, int dstStep) {
+[[gnu::always_inline]] inline void addResidual(typename L::V p, const Vek16s* residual, int residualStep, Vek8u* dst,
+                                               int dstStep) {
     typename L::V lo, hi;
     Words<L, W, Rows>::load(bytesOf(residual), residualStep, lo, hi);
     const typename L::V sum = L::packUnsigned(L::adds16(L::widenLo(p), lo), L::adds16(L::widenHi(p), hi));
     L::template scatter<W, 0, W * Rows>(dst, dstStep, sum);
 }
 
+// The groups are few (at most four), so the loops unroll: a rolled loop
+// keeps a pointer for every row it reads and runs out of registers.
 template <int W, int H, int Dx, int Mode, int RC>
 VekStatus mcBlock(const Vek8u* ref, int refStep, const Vek16s* residual, int residualStep, Vek8u* dst, int dstStep) {
     using L = Lanes<vectorFor<W, H>()>;
     constexpr int G = groupRows<W, H>();
+#pragma GCC unroll 16
     for (int y = 0; y < H; y += G) {
         const typename L::V p = predictRows<L, W, G, Dx, Mode, RC>(blockRow(ref, refStep, y), refStep, L::zero());
         addResidual<L, W, G>(p, blockRow(residual, residualStep, y), residualStep, blockRow(dst, dstStep, y), dstStep);
@@ -65,6 +72,7 @@ VekStatus mcBlockB(const Vek8u* refF, int refFStep, const Vek8u* refB, int refBS
                    int residualStep, Vek8u* dst, int dstStep) {
     using L = Lanes<vectorFor<W, H>()>;
     constexpr int G = groupRows<W, H>();
+#pragma GCC unroll 16
     for (int y = 0; y < H; y += G) {
         const typename L::V pf = predictRows<L, W, G, Dx, ModeF, RC>(blockRow(refF, refFStep, y), refFStep, L::zero());
         const typename L::V pb = predictRows<L, W, G, Dx, ModeB, RC>(blockRow(refB, refBStep, y), refBStep, L::zero());
@@ -76,7 +84,8 @@ VekStatus mcBlockB(const Vek8u* refF, int refFStep, const Vek8u* refB, int refBS
 
 // diff = cur - p for a group of rows.
 template <class L, int W, int Rows>
-inline void storeDifference(const Vek8u* cur, int curStep, typename L::V p, Vek16s* diff, int diffStep) {
+[[gnu::always_inline]] inline void storeDifference(const Vek8u* cur, int curStep, typename L::V p, Vek16s* diff,
+                                                   int diffStep) {
     const typename L::V c = L::template gather<W, 0, W * Rows>(cur, curStep);
     Words<L, W, Rows>::store(bytesOf(diff), diffStep, L::sub16(L::widenLo(c), L::widenLo(p)),
                              L::sub16(L::widenHi(c), L::widenHi(p)));
@@ -93,18 +102,18 @@ constexpr bool differsByRows() {
     return W >= 8 && ((Modes != 12) && ...);
 }
 template <int W>
-inline auto widenRow(__m128i bytes) {
+[[gnu::always_inline]] inline auto widenRow(__m128i bytes) {
     if constexpr (W == 16)
         return _mm256_cvtepu8_epi16(bytes);
     else
         return _mm_cvtepu8_epi16(bytes);
 }
-inline __m128i subWords(__m128i a, __m128i b) { return _mm_sub_epi16(a, b); }
-inline __m256i subWords(__m256i a, __m256i b) { return _mm256_sub_epi16(a, b); }
+[[gnu::always_inline]] inline __m128i subWords(__m128i a, __m128i b) { return _mm_sub_epi16(a, b); }
+[[gnu::always_inline]] inline __m256i subWords(__m256i a, __m256i b) { return _mm256_sub_epi16(a, b); }
 
 // diff = cur - p for one row, p in the low W bytes.
 template <int W>
-inline void storeRowDifference(const Vek8u* cur, __m128i p, Vek16s* diff) {
+[[gnu::always_inline]] inline void storeRowDifference(const Vek8u* cur, __m128i p, Vek16s* diff) {
     store(diff, subWords(widenRow<W>(Lanes<16>::gather<W, 0, W>(cur, 0)), widenRow<W>(p)));
 }
 #else
