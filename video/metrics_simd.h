@@ -39,12 +39,11 @@ inline Vek32s fullSampleSad(const Vek8u* cur, int curStep, const Vek8u* ref, int
     return static_cast<Vek32s>(Lanes<16>::sum64(_mm_add_epi32(even, odd)));
 }
 
+// The half-sample SADs stay functions of their own, jumped to: the
+// frame their wide vectors need is then not set up for the full-sample
+// SAD, which the export inlines.
 template <int Mode>
-VekStatus sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad) {
-    if constexpr (Mode == 0) {
-        *sad = fullSampleSad(cur, curStep, ref, refStep);
-        return StatusOk;
-    }
+[[gnu::noinline]] VekStatus halfSampleSad(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad) {
     MacroV sum = Macro::zero();
     for (int y = 0; y < 16; y += kMacroRows) {
         const MacroV p =
@@ -55,22 +54,37 @@ VekStatus sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep,
     return StatusOk;
 }
 
+template <int Mode>
+inline VekStatus sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad) {
+    if constexpr (Mode == 0) {
+        *sad = fullSampleSad(cur, curStep, ref, refStep);
+        return StatusOk;
+    } else {
+        return halfSampleSad<Mode>(cur, curStep, ref, refStep, sad);
+    }
+}
+
 inline Vek32s sad4x4(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
     return static_cast<Vek32s>(
         Lanes<16>::sum64(_mm_sad_epu8(loadRows<4, 4>(cur, curStep), loadRows<4, 4>(ref, refStep))));
 }
 
-// Each 64-bit lane covers 8 bytes of one row: even lanes the left half of
-// the macroblock, odd lanes the right.
+// Row by row as at the full-sample position: psadbw of a 16-byte row
+// leaves the SAD of its left 8 bytes in the low 64-bit lane and of its
+// right 8 in the high one, so eight rows summed are two quarters (each
+// below 2^14, read as 16 bits).
 void sadQuarters(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16u* out) {
     for (int band = 0; band < 2; ++band) {
-        MacroV sum = Macro::zero();
-        for (int y = 8 * band; y < 8 * band + 8; y += kMacroRows)
-            sum = Macro::add32(sum, Macro::sad(macroRows(cur, curStep, y), macroRows(ref, refStep, y)));
-        uint32_t left, right;
-        evenOddLaneSums(sum, &left, &right);
-        out[2 * band] = static_cast<Vek16u>(left);
-        out[2 * band + 1] = static_cast<Vek16u>(right);
+        __m128i even = _mm_setzero_si128(), odd = _mm_setzero_si128();
+        for (int y = 8 * band; y < 8 * band + 8; y += 2) {
+            even = _mm_add_epi32(
+                even, _mm_sad_epu8(load128i(blockRow(cur, curStep, y)), load128i(blockRow(ref, refStep, y))));
+            odd = _mm_add_epi32(
+                odd, _mm_sad_epu8(load128i(blockRow(cur, curStep, y + 1)), load128i(blockRow(ref, refStep, y + 1))));
+        }
+        const __m128i sum = _mm_add_epi32(even, odd);
+        out[2 * band] = static_cast<Vek16u>(_mm_cvtsi128_si32(sum));
+        out[2 * band + 1] = static_cast<Vek16u>(_mm_extract_epi16(sum, 4));
     }
 }
 
