@@ -73,19 +73,23 @@ inline Vek32s sad4x4(const Vek8u* cur, int curStep, const Vek8u* ref, int refSte
 // leaves the SAD of its left 8 bytes in the low 64-bit lane and of its
 // right 8 in the high one, so eight rows summed are two quarters (each
 // below 2^14, read as 16 bits).
-void sadQuarters(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16u* out) {
-    for (int band = 0; band < 2; ++band) {
-        __m128i even = _mm_setzero_si128(), odd = _mm_setzero_si128();
-        for (int y = 8 * band; y < 8 * band + 8; y += 2) {
-            even = _mm_add_epi32(
-                even, _mm_sad_epu8(load128i(blockRow(cur, curStep, y)), load128i(blockRow(ref, refStep, y))));
-            odd = _mm_add_epi32(
-                odd, _mm_sad_epu8(load128i(blockRow(cur, curStep, y + 1)), load128i(blockRow(ref, refStep, y + 1))));
-        }
-        const __m128i sum = _mm_add_epi32(even, odd);
-        out[2 * band] = static_cast<Vek16u>(_mm_cvtsi128_si32(sum));
-        out[2 * band + 1] = static_cast<Vek16u>(_mm_extract_epi16(sum, 4));
+inline __m128i eightRowSads(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
+    __m128i even = _mm_setzero_si128(), odd = _mm_setzero_si128();
+    for (int y = 0; y < 8; y += 2) {
+        even =
+            _mm_add_epi32(even, _mm_sad_epu8(load128i(blockRow(cur, curStep, y)), load128i(blockRow(ref, refStep, y))));
+        odd = _mm_add_epi32(
+            odd, _mm_sad_epu8(load128i(blockRow(cur, curStep, y + 1)), load128i(blockRow(ref, refStep, y + 1))));
     }
+    return _mm_add_epi32(even, odd);
+}
+void sadQuarters(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16u* out) {
+    const __m128i top = eightRowSads(cur, curStep, ref, refStep);
+    const __m128i bottom = eightRowSads(blockRow(cur, curStep, 8), curStep, blockRow(ref, refStep, 8), refStep);
+    out[0] = static_cast<Vek16u>(_mm_cvtsi128_si32(top));
+    out[1] = static_cast<Vek16u>(_mm_extract_epi16(top, 4));
+    out[2] = static_cast<Vek16u>(_mm_cvtsi128_si32(bottom));
+    out[3] = static_cast<Vek16u>(_mm_extract_epi16(bottom, 4));
 }
 
 // The first four bytes of each 8 go to one psadbw, the last four to
