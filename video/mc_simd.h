@@ -124,10 +124,11 @@ constexpr bool differsByRows() {
 #endif
 
 // The vector a difference's group of rows is worked in: rows of 8 bytes
-// stop at 32, where gathering them into 64 costs more than it saves.
+// stay in 16-byte vectors, two rows each; gathering them into wider ones
+// costs more inserts and cross-lane moves than it saves.
 template <int W, int H>
 constexpr int differenceVector() {
-    return W == 8 ? minOf(32, vectorFor<W, H>()) : vectorFor<W, H>();
+    return W == 8 ? 16 : vectorFor<W, H>();
 }
 
 // The difference kernels are given the rounding control; each branches on
