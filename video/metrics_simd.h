@@ -27,16 +27,23 @@ inline void evenOddLaneSums(MacroV v, uint32_t* even, uint32_t* odd) {
 
 // At the full-sample position a row is one load of each block and one
 // psadbw: 16-byte vectors at every level (wider ones would spend a shuffle
-// on each pair of rows), in two running sums.
-inline Vek32s fullSampleSad(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
+// on each pair of rows), in two running sums.  psadbw leaves the SAD of a
+// row's left 8 bytes in the low 64-bit lane and of its right 8 in the high
+// one, so eight rows summed are two 8x8 quarters (each below 2^14).
+inline __m128i eightRowSads(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
     __m128i even = _mm_setzero_si128(), odd = _mm_setzero_si128();
-    for (int y = 0; y < 16; y += 2) {
+    for (int y = 0; y < 8; y += 2) {
         even =
             _mm_add_epi32(even, _mm_sad_epu8(load128i(blockRow(cur, curStep, y)), load128i(blockRow(ref, refStep, y))));
         odd = _mm_add_epi32(
             odd, _mm_sad_epu8(load128i(blockRow(cur, curStep, y + 1)), load128i(blockRow(ref, refStep, y + 1))));
     }
-    return static_cast<Vek32s>(Lanes<16>::sum64(_mm_add_epi32(even, odd)));
+    return _mm_add_epi32(even, odd);
+}
+inline Vek32s fullSampleSad(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
+    const __m128i top = eightRowSads(cur, curStep, ref, refStep);
+    const __m128i bottom = eightRowSads(blockRow(cur, curStep, 8), curStep, blockRow(ref, refStep, 8), refStep);
+    return static_cast<Vek32s>(Lanes<16>::sum64(_mm_add_epi32(top, bottom)));
 }
 
 // The half-sample SADs stay functions of their own, jumped to: the
@@ -69,20 +76,7 @@ inline Vek32s sad4x4(const Vek8u* cur, int curStep, const Vek8u* ref, int refSte
         Lanes<16>::sum64(_mm_sad_epu8(loadRows<4, 4>(cur, curStep), loadRows<4, 4>(ref, refStep))));
 }
 
-// Row by row as at the full-sample position: psadbw of a 16-byte row
-// leaves the SAD of its left 8 bytes in the low 64-bit lane and of its
-// right 8 in the high one, so eight rows summed are two quarters (each
-// below 2^14, read as 16 bits).
-inline __m128i eightRowSads(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
-    __m128i even = _mm_setzero_si128(), odd = _mm_setzero_si128();
-    for (int y = 0; y < 8; y += 2) {
-        even =
-            _mm_add_epi32(even, _mm_sad_epu8(load128i(blockRow(cur, curStep, y)), load128i(blockRow(ref, refStep, y))));
-        odd = _mm_add_epi32(
-            odd, _mm_sad_epu8(load128i(blockRow(cur, curStep, y + 1)), load128i(blockRow(ref, refStep, y + 1))));
-    }
-    return _mm_add_epi32(even, odd);
-}
+// The quarters read as 16 bits.
 void sadQuarters(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16u* out) {
     const __m128i top = eightRowSads(cur, curStep, ref, refStep);
     const __m128i bottom = eightRowSads(blockRow(cur, curStep, 8), curStep, blockRow(ref, refStep, 8), refStep);
