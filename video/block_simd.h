@@ -133,7 +133,8 @@ template <int R, int Rows>
         extractRow<R, Rows - 1>(p + (Rows - 1) * step, v);
     } else if constexpr (R == 8) {
         storeRow<8>(p, v);
-        _mm_storeh_pd(reinterpret_cast<double*>(p + step), _mm_castsi128_pd(v));
+        // movhps; the builtin behind _mm_storeh_pi stores to any address.
+        _mm_storeh_pi(reinterpret_cast<__m64*>(p + step), _mm_castsi128_ps(v));
     } else {
         constexpr int half = Rows / 2;
         storeRows<R, half>(p, step, v);
