@@ -16,12 +16,10 @@
 // Each figure is the best of a few runs (--runs N, 5 by default), timed by
 // the thread's processor time: on a shared machine the least disturbed.  The vek
 // figures are those of the level chosen at load (VEK_MAX_LEVEL caps it).
-#include <libdeflate.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 #include <time.h>
-#include <zlib.h>
 
 #include <functional>
 #include <random>
@@ -29,11 +27,13 @@
 #include <vector>
 
 #include "deflate_corpus.h"
+#include "deflate_peers.h"
 #include "deflate_stream/deflate_stream.h"
 
 namespace {
 
 int gRuns = 5;
+constexpr vekbench::PeerContainer Gzip = vekbench::PeerContainer::Gzip;
 
 double threadSeconds() {
     timespec t;
@@ -49,28 +49,6 @@ double bestSeconds(const std::function<void()>& run) {
         best = std::min(best, threadSeconds() - t0);
     }
     return best;
-}
-
-size_t zlibGzip(const std::vector<uint8_t>& in, std::vector<uint8_t>& out, int level) {
-    z_stream z{};
-    deflateInit2(&z, level, Z_DEFLATED, 31, 8, Z_DEFAULT_STRATEGY);  // 31: the gzip container
-    out.resize(deflateBound(&z, uLong(in.size())));
-    z.next_in = const_cast<Bytef*>(in.data());
-    z.avail_in = uInt(in.size());
-    z.next_out = out.data();
-    z.avail_out = uInt(out.size());
-    deflate(&z, Z_FINISH);
-    const size_t n = z.total_out;
-    deflateEnd(&z);
-    return n;
-}
-
-size_t libdeflateGzip(const std::vector<uint8_t>& in, std::vector<uint8_t>& out, int level) {
-    libdeflate_compressor* c = libdeflate_alloc_compressor(level);
-    out.resize(libdeflate_gzip_compress_bound(c, in.size()));
-    const size_t n = libdeflate_gzip_compress(c, in.data(), in.size(), out.data(), out.size());
-    libdeflate_free_compressor(c);
-    return n;
 }
 
 struct Row {
@@ -103,8 +81,10 @@ void streams() {
             const Row vek = measure([&] { return vekdeflate::compressBuffer(data.data(), data.size(), o).size(); });
             const bool againstZlib = cls == VekDeflateBest;
             const int peerLevel = cls == VekDeflateFast ? 1 : cls == VekDeflateDefault ? 6 : 9;
-            const Row peer = measure(
-                [&] { return againstZlib ? zlibGzip(data, out, peerLevel) : libdeflateGzip(data, out, peerLevel); });
+            const Row peer = measure([&] {
+                return againstZlib ? vekbench::zlibCompress(data, out, peerLevel, Gzip)
+                                   : vekbench::libdeflateCompress(data, out, peerLevel, Gzip);
+            });
             const double need = againstZlib ? 1.5 : 1.0, got = peer.seconds / vek.seconds;
             char verdict[64];
             snprintf(verdict, sizeof verdict, "x%.2f the peer's speed (target x%.1f)%s", got, need,
@@ -115,10 +95,10 @@ void streams() {
         }
         for (int level : {1, 6, 9})
             printRow(corpus, "zlib " + std::to_string(level), data.size(),
-                     measure([&] { return zlibGzip(data, out, level); }));
+                     measure([&] { return vekbench::zlibCompress(data, out, level, Gzip); }));
         for (int level : {1, 6, 9, 12})
             printRow(corpus, "libdeflate " + std::to_string(level), data.size(),
-                     measure([&] { return libdeflateGzip(data, out, level); }));
+                     measure([&] { return vekbench::libdeflateCompress(data, out, level, Gzip); }));
     }
 }
 

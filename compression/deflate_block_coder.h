@@ -154,16 +154,24 @@ Item headerItem(const BlockCoder& c, int step) {
 constexpr Vek8u kFixedDistanceBits[kDistSymbols] = {5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5,
                                                     5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5};
 
-// The length items and the shortest literal/length code of the block being
+// The items and the shortest literal/length code of the block being
 // opened.
-void makeLengthItems(BlockCoder& c) {
+void makeItems(BlockCoder& c) {
     const bool fixed = c.blockType == kFixedBlock;
     const Vek16u* litLenCode = fixed ? kCodeTables.fixedLitLenCode : c.litLenCode;
     const Vek8u* litLenBits = fixed ? kCodeTables.fixedLitLenBits : c.litLenBits;
+    const Vek16u* distanceCode = fixed ? kCodeTables.fixedDistanceCode : c.distCode;
+    const Vek8u* distanceBits = fixed ? kFixedDistanceBits : c.distBits;
+    for (int v = 0; v < 256; ++v) c.literalItem[v] = litLenCode[v] | Vek32u(litLenBits[v]) << 16;
     for (int len = kMinMatch; len <= kMaxMatch; ++len) {
         const int code = lengthCodeOf(len), symbol = kFirstLengthSymbol + code;
-        c.lengthItemBits[len - kMinMatch] = litLenCode[symbol] | Vek32u(len - kLengthBase[code]) << litLenBits[symbol];
-        c.lengthItemCount[len - kMinMatch] = Vek8u(litLenBits[symbol] + kLengthExtra[code]);
+        const Vek32u bits = litLenCode[symbol] | Vek32u(len - kLengthBase[code]) << litLenBits[symbol];
+        c.lengthItem[len - kMinMatch] = bits | Vek32u(litLenBits[symbol] + kLengthExtra[code]) << 24;
+    }
+    for (int code = 0; code < kDistSymbols; ++code) {
+        const Vek32u codeMinusBase = distanceCode[code] - (Vek32u(kDistanceBase[code]) << distanceBits[code]);
+        c.distanceItem[code] =
+            codeMinusBase | Vek64u(distanceBits[code]) << 32 | Vek64u(distanceBits[code] + kDistanceExtra[code]) << 40;
     }
     int shortest = kMaxCodeBits;
     for (int s = 0; s < kLitLenSymbols; ++s)
@@ -221,7 +229,7 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
             buildDynamicCodes(c);
         }
         c.countedPairs = nullptr;
-        makeLengthItems(c);
+        makeItems(c);
     }
     BitOutput out = openOutput(*ppDst, *pDstLen, c);
     VekStatus status = StatusDstSize;
@@ -237,23 +245,23 @@ VekStatus huffmanBlock(int type, const Vek16u** ppPairs, int* pPairsLen, Vek8u**
     const Vek16u* litLenCode = fixed ? kCodeTables.fixedLitLenCode : c.litLenCode;
     const Vek8u* litLenBits = fixed ? kCodeTables.fixedLitLenBits : c.litLenBits;
     if (c.blockPhase == kPairs) {
-        const Vek16u* distanceCode = fixed ? kCodeTables.fixedDistanceCode : c.distCode;
-        const Vek8u* distanceBits = fixed ? kFixedDistanceBits : c.distBits;
         // Both items are made and one is kept, with no branch: literals and
         // matches alternate at random.  A literal's match item reads table
         // entries in range (length index and distance wrapped) and is dropped.
         const auto putPair = [&](const Vek16u* pair) {
             const unsigned value = pair[0], distance = pair[1];
-            const unsigned lengthIndex = (value - kMinMatch) & 0xFF, d = (distance - 1) & 0x7FFF;
-            const int code = kCodeTables.distanceCode[d < 256 ? d : 256 + (d >> 7)];
-            const int lengthCount = c.lengthItemCount[lengthIndex];
-            const Vek64u distanceItem = distanceCode[code] | Vek64u(d + 1 - kDistanceBase[code]) << distanceBits[code];
-            const Vek64u matchBits = c.lengthItemBits[lengthIndex] | distanceItem << lengthCount;
-            const int matchCount = lengthCount + distanceBits[code] + kDistanceExtra[code];
+            const unsigned d = (distance - 1) & 0x7FFF;
+            const Vek32u lengthItem = c.lengthItem[(value - kMinMatch) & 0xFF];
+            const Vek64u distanceItem = c.distanceItem[kCodeTables.distanceCode[d < 256 ? d : 256 + (d >> 7)]];
+            const Vek32u distanceBits = Vek32u(distanceItem) + ((d + 1) << ((distanceItem >> 32) & 0xFF));
+            const int lengthCount = int(lengthItem >> 24);
+            const Vek64u matchBits = (lengthItem & 0xFFFFFF) | Vek64u(distanceBits) << lengthCount;
+            const int matchCount = lengthCount + int(distanceItem >> 40);
+            const Vek32u literal = c.literalItem[value & 0xFF];
+            const int literalCount = int(literal >> 16);
             const Vek64u isMatch = Vek64u(0) - Vek64u(distance != 0);
-            const Vek64u bits = (matchBits & isMatch) | (Vek64u(litLenCode[value & 0xFF]) & ~isMatch);
-            const int count = litLenBits[value & 0xFF] + ((matchCount - litLenBits[value & 0xFF]) & int(isMatch));
-            out.put(bits, count);
+            const Vek64u bits = (matchBits & isMatch) | (Vek64u(literal & 0xFFFF) & ~isMatch);
+            out.put(bits, literalCount + ((matchCount - literalCount) & int(isMatch)));
         };
         // While 8 bytes of room remain, a pair (at most 48 bits) joins at
         // most 7 waiting bits and one word store passes the whole bytes on.

@@ -53,6 +53,46 @@ inline bool firstThreeEqual(const Vek8u* a, const Vek8u* b) {
     return ((x ^ y) << 8) == 0;
 #endif
 }
+// Asks for the cache line at p ahead of a store there (a hint only).
+inline void prefetchForWrite(const void* p) {
+#if defined(__GNUC__)
+    __builtin_prefetch(p, 1);
+#else
+    (void)p;
+#endif
+}
+// The length of the match at a and b (at most maxLen, which is 8 or more),
+// or 0 when it is shorter than three bytes: the first eight bytes in one
+// 64-bit compare, which settles most matches of the fast class (short
+// ones) with one load on each side and no vector work.
+inline int lengthFromFirstWord(const Vek8u* a, const Vek8u* b, int maxLen) {
+    uint64_t x, y;
+    memcpy(&x, a, 8);
+    memcpy(&y, b, 8);
+    const uint64_t differ = x ^ y;
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+    if (differ >> 40) return 0;
+    if (differ) return __builtin_clzll(differ) >> 3;
+#else
+    if (differ & 0xFFFFFF) return 0;
+#    if defined(__x86_64__)
+    if (differ) return __builtin_ctzll(differ) >> 3;
+#    else
+    // In two halves: MinGW's 64-bit helper (__ctzdi2) is written with
+    // tzcnt, an instruction beyond level 0.
+    if (const uint32_t low = uint32_t(differ)) return __builtin_ctz(low) >> 3;
+    if (const uint32_t high = uint32_t(differ >> 32)) return 4 + (__builtin_ctz(high) >> 3);
+#    endif
+#endif
+    return 8 + matchLength(a + 8, b + 8, maxLen - 8);
+}
+// `a` when `first`, else `b`, in arithmetic: a compiler turns a plain
+// choice of store address back into a branch.
+template <class T>
+inline T* chooseWithoutBranch(bool first, T* a, T* b) {
+    const uintptr_t mask = uintptr_t(0) - uintptr_t(first);
+    return reinterpret_cast<T*>((reinterpret_cast<uintptr_t>(a) & mask) | (reinterpret_cast<uintptr_t>(b) & ~mask));
+}
 inline int tableHash(const Vek8u* b) { return kHashTables[0][b[0]] ^ kHashTables[1][b[1]] ^ kHashTables[2][b[2]]; }
 
 // Puts position q, whose bytes start at b, at the head of its chain.
@@ -102,6 +142,20 @@ private:
         if (q < s_.linkedEnd) return;
         linkPosition(s_, q, at(q));
         s_.linkedEnd = q + 1;
+    }
+    // link(q) for q from `from` to `to` - 1, in order: the inner positions
+    // of a match, with the state's words read and written once.
+    void linkRange(int from, int to) {
+        int q = from > s_.linkedEnd ? from : s_.linkedEnd;
+        if (q >= to) return;
+        int32_t* const heads = s_.head;
+        int32_t* const chain = s_.chain;
+        for (const Vek8u* b = at(q); q < to; ++q, ++b) {
+            const int h = tableHash(b);
+            chain[q & 0x7FFF] = heads[h];
+            heads[h] = q;
+        }
+        s_.linkedEnd = to;
     }
 
     // Each pair is counted as it is written (see DeflateState::countedFrom):
@@ -159,6 +213,12 @@ private:
         for (bool on = w.live(); on;) on = step(w);
         return w.best;
     }
+    // The walk of q as its search would begin it now: from its chain once
+    // q is linked, else from its hash's head.
+    Walk walkOf(int q, int limit) const {
+        const int start = q < s_.linkedEnd ? s_.chain[q & 0x7FFF] : s_.head[tableHash(at(q))];
+        return walkFrom(q, start, maxLength(q, 3), limit);
+    }
     // The best matches at the linked position p and at q = p + 1, which is
     // linked only after both walks: a chain walk is a run of dependent
     // loads, and two in step overlap theirs.  Until q is linked its chain
@@ -189,30 +249,73 @@ private:
     // Fast: one candidate, the last position with the same rolling hash.
     // Both strings have a fourth byte to read: the candidate lies before
     // the current position, and the current one has the call's last two
-    // bytes beyond its longest match.  Positions from base_ on are in the input, so the current bytes are
-    // addressed there directly.  The loop works on local copies of the
-    // finder's fields: its stores to the head table (ints) could otherwise
-    // alias them and force a reload after every store.
+    // bytes beyond its longest match.  Positions from base_ on are in the
+    // input, so the current bytes are addressed there directly.  The loop
+    // works on local copies of the finder's fields: its stores to the head
+    // table (ints) could otherwise alias them and force a reload after
+    // every store.
+    //
+    // The hash rolls on from position to position, unmasked (the bits
+    // above the 15 the table takes never reach them), and the bucket of
+    // the next position is fetched before the current candidate is
+    // judged: when the literal-or-match branch goes the unexpected way, the
+    // next head is already on its way from the cache.
+    //
+    // Once a position lies a whole window beyond the call's first one,
+    // every candidate in reach lies in the input: the loop runs in two
+    // parts, the second with no choice of buffer per candidate.
     int runFast(int p) {
+        if (p >= end_ - 2) return p;
+        FastCursor f{pairs_ + 2 * pairCount_, pairSpace_, uint32_t(rollingHash(src_ + (p - base_)))};
+        const int inputOnlyFrom =
+            base_ + kMaxDistance < lowest_ + kMaxDistance ? lowest_ + kMaxDistance : base_ + kMaxDistance;
+        p = runFastPart<false>(p, inputOnlyFrom, f);
+        p = runFastPart<true>(p, end_, f);
+        pairCount_ += pairSpace_ - f.space;
+        pairSpace_ = f.space;
+        return p;
+    }
+    struct FastCursor {
+        Vek16u* out;
+        int space;
+        uint32_t hash;  // of the current position, unmasked
+    };
+    // runFast over the positions below `stop` (and end_ - 2).  kInputOnly:
+    // every position is at least kMaxDistance beyond the call's first and
+    // the lowest allowed, so a candidate in reach lies in the input.
+    template <bool kInputOnly>
+    int runFastPart(int p, int stop, FastCursor& f) {
         const int end = end_, base = base_, lowest = lowest_;
+        if (stop > end - 2) stop = end - 2;
         const Vek8u* const src = src_;
         const Vek8u* const history = s_.history + histFill_;  // position q < base at history[q - base]
         int32_t* const heads = s_.head;
-        Vek16u* out = pairs_ + 2 * pairCount_;
-        int space = pairSpace_;
+        Vek16u* out = f.out;
+        int space = f.space;
+        uint32_t hash = f.hash;
         Vek32u* const litLenCounts = s_.emittedLitLen;
         Vek32u* const distCounts = s_.emittedDist;
-        for (; p < end - 2 && space > 0; --space, out += 2) {
+        for (; p < stop && space > 0; --space, out += 2) {
             const int room = end - p - 2, maxLen = room < deflate::kMaxMatch ? room : deflate::kMaxMatch;
             const Vek8u* cur = src + (p - base);
-            int hash = rollingHash(cur);
-            const int c = heads[hash];
-            heads[hash] = p;
-            const int oldest = p - kMaxDistance > lowest ? p - kMaxDistance : lowest;
+            const int c = heads[hash & 0x7FFF];
+            heads[hash & 0x7FFF] = p;
+            // The hash of p + 1, where that position still has three bytes.
+            const uint32_t nextHash = room > 1 ? hash << 5 ^ cur[3] : 0;
+            prefetchForWrite(heads + (nextHash & 0x7FFF));
+            bool inReach;
+            if (kInputOnly) {  // oldest is p - kMaxDistance
+                inReach = unsigned(p) - 1u - unsigned(c) < unsigned(kMaxDistance);
+            } else {
+                const int oldest = p - kMaxDistance > lowest ? p - kMaxDistance : lowest;
+                inReach = c >= oldest && c < p;
+            }
             int len = 0;
-            if (maxLen >= deflate::kMinMatch && c >= oldest && c < p) {
-                const Vek8u* candidate = c < base ? history + (c - base) : src + (c - base);
-                if (firstThreeEqual(candidate, cur))
+            if (maxLen >= deflate::kMinMatch && inReach) {
+                const Vek8u* candidate = !kInputOnly && c < base ? history + (c - base) : src + (c - base);
+                if (maxLen >= 8)
+                    len = lengthFromFirstWord(candidate, cur, maxLen);
+                else if (firstThreeEqual(candidate, cur))
                     len = deflate::kMinMatch + matchLength(candidate + deflate::kMinMatch, cur + deflate::kMinMatch,
                                                            maxLen - deflate::kMinMatch);
             }
@@ -221,21 +324,50 @@ private:
                 out[1] = static_cast<Vek16u>(p - c);
                 ++litLenCounts[deflate::kFirstLengthSymbol + deflate::lengthCodeOf(len)];
                 ++distCounts[deflate::distanceCodeOf(p - c)];
-                for (int q = 1; q < len; ++q) {  // the hash rolls on by the byte that enters it
-                    hash = ((hash << 5) ^ cur[q + 2]) & 0x7FFF;
-                    heads[hash] = p + q;
-                }
+                enterInnerPositions(heads, p, len, cur, end - p, nextHash);
                 p += len;
+                // The next position's hash straight from its bytes: its
+                // head load need not wait for the inner positions.
+                if (p < end - 2) hash = uint32_t(rollingHash(cur + len));
             } else {
                 out[0] = *cur;
                 out[1] = 0;
                 ++litLenCounts[*cur];
+                hash = nextHash;
                 ++p;
             }
         }
-        pairCount_ += pairSpace_ - space;
-        pairSpace_ = space;
+        f.out = out;
+        f.space = space;
+        f.hash = hash;
         return p;
+    }
+
+    // Enters the inner positions p + 1 .. p + len - 1 of a fast-class match
+    // into the head table, in order; `hash` is that of p + 1 (unmasked) and
+    // `bytes` the count readable from `cur` on.  Short matches are the
+    // common case, and a loop whose count changes from match to match
+    // costs a mispredicted branch at its end; so the first six positions
+    // go in as six stores whatever the length, those beyond the match into
+    // a slot nobody reads (six measured faster than four or eight).
+    static void enterInnerPositions(int32_t* heads, int p, int len, const Vek8u* cur, int bytes, uint32_t hash) {
+        constexpr int kUnrolled = 6;
+        int q = 1;
+        if (bytes > kUnrolled + 2) {  // the hashes of p + 1 .. p + 6 read up to cur[8]
+            int32_t unused;
+            for (; q <= kUnrolled; ++q) {
+                int32_t* slot = chooseWithoutBranch(q < len, heads + (hash & 0x7FFF), &unused);
+                *slot = p + q;
+                if (q < kUnrolled) hash = hash << 5 ^ cur[q + 3];
+            }
+            if (len <= kUnrolled + 1) return;
+            hash = hash << 5 ^ cur[kUnrolled + 3];
+        }
+        for (; q < len - 1; ++q) {  // the hash rolls on by the byte that enters it
+            heads[hash & 0x7FFF] = p + q;
+            hash = hash << 5 ^ cur[q + 3];
+        }
+        heads[hash & 0x7FFF] = p + len - 1;
     }
 
     // Default: greedy, the longest of up to 16 candidates.
@@ -258,16 +390,33 @@ private:
     // unless that one offers a longer match.  A 3-byte match farther than
     // 4096 bytes back costs more bits than three literals and is dropped.
     // After a match the searches at the new position and the one after it
-    // go together.  (Searching one position further ahead after a literal
-    // as well costs more than it saves: that search is lost whenever the
-    // step emits a match.)
+    // go together.  After a literal the search of the position after next
+    // goes along with the one needed, for as long as that one lasts: it is
+    // the next step's search whenever the step emits a literal again, and
+    // goes on from where it stopped; when the step emits a match it is
+    // dropped, having cost little, since a chain walk waits on its loads and
+    // two overlap theirs.
     int runLazy(int p) {
         bool carried = false;  // cur is the match at p, found by the step before
         Match cur, next;
+        Walk ahead{};  // while carried: the walk of p + 1, begun during the step before
+        bool haveAhead = false, aheadOn = false;
         for (; p < end_ - 3 && pairSpace_ > 0;) {
             if (carried) {
                 link(p + 1);
-                next = search(p + 1, maxLength(p + 1, 3), 512);
+                Walk w = haveAhead ? ahead : walkOf(p + 1, 512);
+                bool on = haveAhead ? aheadOn : w.live();
+                haveAhead = p + 1 < end_ - 3 && pairSpace_ > 1;  // p + 2 is searched if this step emits a literal
+                if (haveAhead) {
+                    ahead = walkOf(p + 2, 512);
+                    aheadOn = ahead.live();
+                    while (on && aheadOn) {
+                        on = step(w);
+                        aheadOn = step(ahead);
+                    }
+                }
+                while (on) on = step(w);
+                next = w.best;
             } else {
                 link(p);
                 searchWithNext(p, cur, next, 512);
@@ -276,9 +425,10 @@ private:
                 cur.length > deflate::kMinMatch || (cur.length == deflate::kMinMatch && cur.distance <= 4096);
             if (worthIt && cur.length >= next.length) {
                 emitMatch(cur.length, cur.distance);
-                for (int q = p + 2; q < p + cur.length; ++q) link(q);
+                linkRange(p + 2, p + cur.length);
                 p += cur.length;
                 carried = false;
+                haveAhead = false;
             } else {
                 emitLiteral(p++);
                 cur = next;

@@ -68,11 +68,17 @@ struct BlockCoder {
     Vek8u litLenBits[kLitLenSymbols] = {};
     Vek16u distCode[kDistSymbols] = {};
     Vek8u distBits[kDistSymbols] = {};
-    // The open Huffman block's length symbol and extra bits of every match
-    // length, put in as one item: made once when the block opens, so a call
-    // that resumes it costs only what it writes.
-    Vek32u lengthItemBits[kMaxMatch + 1 - kMinMatch] = {};
-    Vek8u lengthItemCount[kMaxMatch + 1 - kMinMatch] = {};
+    // The open Huffman block's items, made once when the block opens, so a
+    // call that resumes it costs only what it writes, and a pair takes one
+    // load per part: every literal's code (low 16 bits) and its bit count
+    // (above); every match length's symbol and extra bits as one item (low
+    // 24 bits) and their bit count (top 8); and per distance code, the code
+    // minus the base distance shifted past it (low 32 bits, so that adding
+    // the distance so shifted gives code and extra bits), that shift (bits
+    // 32-39) and the item's bit count (bits 40-47).
+    Vek32u literalItem[256] = {};
+    Vek32u lengthItem[kMaxMatch + 1 - kMinMatch] = {};
+    Vek64u distanceItem[kDistSymbols] = {};
     int shortestCode = 1;  // bits of the open block's shortest literal/length code
     // The addresses of the pairs checked since the block opened: a call
     // that goes on with the same list checks only pairs beyond them.

@@ -18,8 +18,8 @@
 #ifndef VEK_JPEG_DCT_EXPORTS_H
 #define VEK_JPEG_DCT_EXPORTS_H
 
-// ---- the integer DCTs, quantisation and the fused functions -----------------
-#define VEK_JPEG_DCT_INTEGER_MEMBERS                                                                                \
+// ---- the forward integer DCTs, plain and fused (the AVX-512 level's members) ---
+#define VEK_JPEG_DCT_FORWARD_MEMBERS                                                                                \
     VekStatus VEK_CALL vekiDCT8x8Fwd_16s_C1R(const Vek16s* pSrc, int srcStep, Vek16s* pDst) {                       \
         if (const VekStatus status = jpeg::checkBlockStep(pSrc, pDst, srcStep)) return status;                      \
         forwardBlock(pSrc, srcStep, 0, pDst, nullptr);                                                              \
@@ -30,6 +30,27 @@
         forwardBlock(pSrc, srcStep, 0, pDst, nullptr);                                                              \
         return StatusOk;                                                                                            \
     }                                                                                                               \
+    VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,                             \
+                                                      const Vek16u* pQuantFwdTable) {                               \
+        if (const VekStatus status = jpeg::checkPointers(pSrc, pDst, pQuantFwdTable)) return status;                \
+        forwardBlock(pSrc, 16, 0, pDst, pQuantFwdTable);                                                            \
+        return StatusOk;                                                                                            \
+    }                                                                                                               \
+    VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantFwdTable) {             \
+        if (const VekStatus status = jpeg::checkPointers(pSrcDst, pQuantFwdTable)) return status;                   \
+        forwardBlock(static_cast<const Vek16s*>(pSrcDst), 16, 0, pSrcDst, pQuantFwdTable);                          \
+        return StatusOk;                                                                                            \
+    }                                                                                                               \
+    VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst,            \
+                                                           const Vek16u* pQuantFwdTable) {                          \
+        if (const VekStatus status = jpeg::checkBlockStepTable(pSrc, pDst, srcStep, pQuantFwdTable)) return status; \
+        forwardBlock(pSrc, srcStep, -128, pDst, pQuantFwdTable);                                                    \
+        return StatusOk;                                                                                            \
+    }
+
+// ---- the integer DCTs, quantisation and the fused functions -----------------
+#define VEK_JPEG_DCT_INTEGER_MEMBERS                                                                                \
+    VEK_JPEG_DCT_FORWARD_MEMBERS                                                                                    \
     VekStatus VEK_CALL vekiDCT8x8Inv_16s_C1R(const Vek16s* pSrc, Vek16s* pDst, int dstStep) {                       \
         if (const VekStatus status = jpeg::checkBlockStep(pSrc, pDst, dstStep)) return status;                      \
         alignas(32) Vek16s result[64];                                                                              \
@@ -60,23 +81,6 @@
     VekStatus VEK_CALL vekiQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantInvTable) {                \
         if (const VekStatus status = jpeg::checkPointers(pQuantInvTable, pSrcDst)) return status;                   \
         dequantiseBlock(pSrcDst, pSrcDst, pQuantInvTable);                                                          \
-        return StatusOk;                                                                                            \
-    }                                                                                                               \
-    VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,                             \
-                                                      const Vek16u* pQuantFwdTable) {                               \
-        if (const VekStatus status = jpeg::checkPointers(pSrc, pDst, pQuantFwdTable)) return status;                \
-        forwardBlock(pSrc, 16, 0, pDst, pQuantFwdTable);                                                            \
-        return StatusOk;                                                                                            \
-    }                                                                                                               \
-    VekStatus VEK_CALL vekiDCTQuantFwd8x8_JPEG_16s_C1I(Vek16s* pSrcDst, const Vek16u* pQuantFwdTable) {             \
-        if (const VekStatus status = jpeg::checkPointers(pSrcDst, pQuantFwdTable)) return status;                   \
-        forwardBlock(static_cast<const Vek16s*>(pSrcDst), 16, 0, pSrcDst, pQuantFwdTable);                          \
-        return StatusOk;                                                                                            \
-    }                                                                                                               \
-    VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R(const Vek8u* pSrc, int srcStep, Vek16s* pDst,            \
-                                                           const Vek16u* pQuantFwdTable) {                          \
-        if (const VekStatus status = jpeg::checkBlockStepTable(pSrc, pDst, srcStep, pQuantFwdTable)) return status; \
-        forwardBlock(pSrc, srcStep, -128, pDst, pQuantFwdTable);                                                    \
         return StatusOk;                                                                                            \
     }                                                                                                               \
     VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1(const Vek16s* pSrc, Vek16s* pDst,                             \

@@ -43,9 +43,23 @@ inline V wrap16(V x) {
     return sra<16>(shl<16>(x));
 }
 
+// x * k where Narrow promises that x and k both fit in 16 signed bits: the
+// vector levels then form the product with one pmaddwd.
+template <bool Narrow, class V>
+inline V times(V x, int32_t k) {
+    if constexpr (Narrow)
+        return mul16(x, k);
+    else
+        return x * k;
+}
+
 // ---- integer forward DCT -------------------------------------------------------
 
-template <bool Pass2, class V>
+// Narrow: the inputs are 8-bit samples (level-shifted or not), so every
+// product whose constant fits in 16 bits has a factor within 16 bits too
+// (sums of differences at most 1020, the odd sums such as a + b below
+// 10000).
+template <bool Pass2, bool Narrow = false, class V>
 inline void forward8(V* x) {
     const V s07 = x[0] + x[7], d07 = x[0] - x[7], s16 = x[1] + x[6], d16 = x[1] - x[6];
     const V s25 = x[2] + x[5], d25 = x[2] - x[5], s34 = x[3] + x[4], d34 = x[3] - x[4];
@@ -59,19 +73,19 @@ inline void forward8(V* x) {
         x[0] = shl<3>(e0 + e1);
         x[4] = shl<3>(e0 - e1);
     }
-    const V zEven = (e2 + e3) * 17734;
-    x[2] = out(zEven + e3 * 25080);
+    const V zEven = times<Narrow>(e2 + e3, 17734);
+    x[2] = out(zEven + times<Narrow>(e3, 25080));
     x[6] = out(zEven + e2 * -60547);
 
     const V u = descale<12>(d16 * 46341), v = descale<12>(d25 * 46341);
     const V g = shl<3>(d07) + shl<3>(d34), h = shl<3>(d07) - shl<3>(d34);
     const V a = g + u, bPrime = g - u, b = h + v, aSecond = v - h;
-    const V z3 = (a + b) * 3406;
-    x[1] = out(z3 + b * -1130);
-    x[7] = out(z3 + a * -5681);
-    const V z1 = (aSecond + bPrime) * 799;
-    x[5] = out(z1 + bPrime * 3218);
-    x[3] = out(z1 + aSecond * -4816);
+    const V z3 = times<Narrow>(a + b, 3406);
+    x[1] = out(z3 + times<Narrow>(b, -1130));
+    x[7] = out(z3 + times<Narrow>(a, -5681));
+    const V z1 = times<Narrow>(aSecond + bPrime, 799);
+    x[5] = out(z1 + times<Narrow>(bPrime, 3218));
+    x[3] = out(z1 + times<Narrow>(aSecond, -4816));
 }
 
 // ---- integer inverse DCT -------------------------------------------------------

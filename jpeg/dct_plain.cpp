@@ -30,6 +30,7 @@ struct Lane {
 inline Lane operator+(Lane a, Lane b) { return {a.bits + b.bits}; }
 inline Lane operator-(Lane a, Lane b) { return {a.bits - b.bits}; }
 inline Lane operator*(Lane a, int32_t k) { return {a.bits * static_cast<uint32_t>(k)}; }
+inline Lane mul16(Lane a, int32_t k) { return a * k; }
 template <int N>
 inline Lane sra(Lane a) {
     return {static_cast<uint32_t>(a.value() >> N)};

@@ -36,6 +36,8 @@ inline Lane operator+(Lane a, Lane b) { return {_mm256_add_epi32(a.v, b.v)}; }
 inline Lane operator-(Lane a, Lane b) { return {_mm256_sub_epi32(a.v, b.v)}; }
 inline Lane operator*(Lane a, Lane b) { return {_mm256_mullo_epi32(a.v, b.v)}; }
 inline Lane operator*(Lane a, int32_t k) { return a * Lane::splat(k); }
+// a * k for a and k within 16 signed bits: pmaddwd of (a, sign) by (k, 0).
+inline Lane mul16(Lane a, int32_t k) { return {_mm256_madd_epi16(a.v, _mm256_set1_epi32(k & 0xFFFF))}; }
 template <int N>
 inline Lane sra(Lane a) {
     return {_mm256_srai_epi32(a.v, N)};
@@ -114,6 +116,11 @@ inline Lane operator+(Lane a, Lane b) { return {_mm_add_epi32(a.lo, b.lo), _mm_a
 inline Lane operator-(Lane a, Lane b) { return {_mm_sub_epi32(a.lo, b.lo), _mm_sub_epi32(a.hi, b.hi)}; }
 inline Lane operator*(Lane a, Lane b) { return {mul32(a.lo, b.lo), mul32(a.hi, b.hi)}; }
 inline Lane operator*(Lane a, int32_t k) { return a * Lane::splat(k); }
+// a * k for a and k within 16 signed bits: pmaddwd of (a, sign) by (k, 0).
+inline Lane mul16(Lane a, int32_t k) {
+    const __m128i kk = _mm_set1_epi32(k & 0xFFFF);
+    return {_mm_madd_epi16(a.lo, kk), _mm_madd_epi16(a.hi, kk)};
+}
 template <int N>
 inline Lane sra(Lane a) {
     return {_mm_srai_epi32(a.lo, N), _mm_srai_epi32(a.hi, N)};
@@ -235,19 +242,32 @@ inline __m128i quantiseRow(Lane coef, const Vek16u* table) {
 
 // ---- the block kernels -------------------------------------------------------------
 
+// Pass 1 over the rows, pass 2 over the columns, quantisation when a table
+// is given.  Shortcuts that give the reference's bits:
+//  - 8-bit samples: the shift changes only the sum of the row (every other
+//    output takes differences), so it is added to output 0 as 64 * shift;
+//    the products take the narrow form (forward8), and pass 1's outputs
+//    stay within 16 bits (at most 8 * 2040), so their store is exact.
+//  - Pass 2's outputs always fit in 16 bits: the rotated ones are 32-bit
+//    values shifted right by 21, outputs 0 and 4 sums of eight 16-bit
+//    values shifted right by 6; so the coefficients need no wrap.
 template <class Sample>
 inline void forwardBlock(const Sample* src, int srcStep, int32_t shift, Vek16s* dst, const Vek16u* table) {
+    constexpr bool kBytes = std::is_same_v<Sample, Vek8u>;
     Lane x[8];
-    for (int r = 0; r < 8; ++r) x[r] = loadRow(jpeg::blockRow(src, srcStep, r)) + Lane::splat(shift);
+    for (int r = 0; r < 8; ++r) {
+        x[r] = loadRow(jpeg::blockRow(src, srcStep, r));
+        if (!kBytes) x[r] = x[r] + Lane::splat(shift);
+    }
     transpose(x);
-    forward8<false>(x);
-    for (int k = 0; k < 8; ++k) x[k] = wrap16(x[k]);
+    forward8<false, kBytes>(x);
+    if (kBytes)
+        x[0] = x[0] + Lane::splat(64 * shift);
+    else
+        for (int k = 0; k < 8; ++k) x[k] = wrap16(x[k]);
     transpose(x);
     forward8<true>(x);
-    for (int u = 0; u < 8; ++u) {
-        const Lane coef = wrap16(x[u]);
-        store(dst + 8 * u, table ? quantiseRow(coef, table + 8 * u) : packSaturated(coef));
-    }
+    for (int u = 0; u < 8; ++u) store(dst + 8 * u, table ? quantiseRow(x[u], table + 8 * u) : packSaturated(x[u]));
 }
 
 inline void inverseBlock(const Vek16s* coef, const Vek16u* table, Vek16s* out) {

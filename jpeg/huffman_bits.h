@@ -1,8 +1,8 @@
 // Bit packing of the JPEG Huffman coders, written once for every level.
 //
 // BitWriter puts codes most significant bit first into a 64-bit buffer and
-// writes whole 32-bit words as bytes, with a 0x00 after every 0xFF byte
-// (byte stuffing).  It writes into a staging buffer: the caller copies the
+// writes it as bytes 8 at a time, with a 0x00 after every 0xFF byte (byte
+// stuffing); between calls it holds fewer than 32 bits.  It writes into a staging buffer: the caller copies the
 // bytes out only when the whole call has succeeded, so a failing call
 // writes nothing.
 //
@@ -40,11 +40,25 @@ class BitWriter {
 public:
     BitWriter(Vek64u bits, int count, Vek8u* out) : bits_(bits), count_(count), out_(out) {}
 
-    // Appends the `length` low bits of `value` (length 0..32, count < 32).
+    // Appends the `length` low bits of `value` (length 0..32; the bits
+    // above it zero).  The buffer fills to 64 bits and goes out 8 bytes at
+    // a time.
     void put(Vek32u value, int length) {
-        bits_ = (bits_ << length) | value;
-        count_ += length;
-        if (count_ >= 32) {
+        if (count_ + length <= 64) {
+            bits_ = (bits_ << length) | value;
+            count_ += length;
+            return;
+        }
+        const int room = 64 - count_, rest = length - room;  // 0 <= room < length <= 32
+        writeLong((bits_ << room) | (Vek64u(value) >> rest));
+        bits_ = value;
+        count_ = rest;
+    }
+
+    // Writes the whole 32-bit words pending, leaving fewer than 32 bits: the
+    // writer's state between calls.
+    void settle() {
+        while (count_ >= 32) {
             count_ -= 32;
             writeWord(static_cast<Vek32u>(bits_ >> count_));
         }
@@ -72,13 +86,21 @@ private:
     }
     void writeWord(Vek32u w) {
         if (!hasFFByte32(w)) {
-            out_[0] = static_cast<Vek8u>(w >> 24);
-            out_[1] = static_cast<Vek8u>(w >> 16);
-            out_[2] = static_cast<Vek8u>(w >> 8);
-            out_[3] = static_cast<Vek8u>(w);
+            w = __builtin_bswap32(w);
+            memcpy(out_, &w, 4);
             out_ += 4;
         } else {
             for (int shift = 24; shift >= 0; shift -= 8) writeByte(static_cast<Vek8u>(w >> shift));
+        }
+    }
+    void writeLong(Vek64u w) {
+        if (!hasFFByte64(w)) {
+            w = __builtin_bswap64(w);
+            memcpy(out_, &w, 8);
+            out_ += 8;
+        } else {
+            writeWord(static_cast<Vek32u>(w >> 32));
+            writeWord(static_cast<Vek32u>(w));
         }
     }
 
@@ -90,25 +112,47 @@ private:
 class BitReader {
 public:
     BitReader(Vek64u bits, int count, const Vek8u* src, int pos, int len)
-        : bits_(bits), count_(count), src_(src), pos_(pos), len_(len) {}
+        : bits_(bits), count_(count), src_(src), next_(src + pos), end_(src + len) {}
 
-    // Brings the buffer above 56 bits, as far as the input goes.
+    // Brings the buffer above 56 bits, as far as the input goes.  Reading
+    // stops at a marker by moving the end of the input to it.
     void refill() {
-        while (count_ <= 56 && !stopped_) {
-            if (pos_ + 8 <= len_) {
-                Vek64u w = 0;
-                for (int i = 0; i < 8; ++i) w = (w << 8) | src_[pos_ + i];
+        bits_ = bits();  // bytes are or-ed in below the valid bits
+        while (count_ <= 56 && next_ < end_) {
+            if (end_ - next_ >= 8) {
+                Vek64u w;
+                memcpy(&w, next_, 8);
+                w = __builtin_bswap64(w);
                 if (!hasFFByte64(w)) {
                     const int n = (64 - count_) >> 3;  // whole bytes that fit
                     const Vek64u top = n == 8 ? w : w & ~(~Vek64u(0) >> (8 * n));
                     bits_ |= top >> count_;
                     count_ += 8 * n;
-                    pos_ += n;
+                    next_ += n;
                     continue;
                 }
             }
             refillByte();
         }
+    }
+
+    // Brings the buffer to 56..63 bits without a branch on the count, where
+    // the next 8 bytes are input without a 0xFF (refill() otherwise).  The
+    // bits below the valid ones are then the stream's next bits rather than
+    // zero, which the next such refill or-es in again.  Needs count < 64.
+    void refillQuick() {
+        if (end_ - next_ >= 8) {
+            Vek64u w;
+            memcpy(&w, next_, 8);
+            w = __builtin_bswap64(w);
+            if (!hasFFByte64(w)) {
+                bits_ |= w >> count_;
+                next_ += (63 - count_) >> 3;
+                count_ |= 56;
+                return;
+            }
+        }
+        refill();
     }
 
     // The next `n` bits (1..16) without consuming them.
@@ -150,37 +194,39 @@ public:
 
     bool underrun() const { return count_ < 0; }
     int marker() const { return marker_; }
-    Vek64u bits() const { return bits_; }
+    // The valid bits, the rest zero.
+    Vek64u bits() const {
+        if (count_ >= 64) return bits_;
+        return count_ > 0 ? bits_ & ~(~Vek64u(0) >> count_) : 0;
+    }
     int count() const { return count_; }
-    int position() const { return pos_; }
+    int position() const { return static_cast<int>(next_ - src_); }
 
 private:
+    // One byte (end_ > next_): a stuffed 0xFF 0x00 gives 0xFF; a marker or
+    // fill bytes running to the end of the input end the input there.
     void refillByte() {
-        if (pos_ >= len_) {
-            stopped_ = true;
-            return;
-        }
-        Vek8u b = src_[pos_];
-        int next = pos_ + 1;
+        const Vek8u b = *next_;
+        const Vek8u* after = next_ + 1;
         if (b == 0xFF) {
-            while (next < len_ && src_[next] == 0xFF) ++next;  // fill bytes
-            if (next >= len_ || src_[next] != 0) {
-                if (next < len_) marker_ = src_[next];
-                stopped_ = true;
+            while (after < end_ && *after == 0xFF) ++after;  // fill bytes
+            if (after >= end_ || *after != 0) {
+                if (after < end_) marker_ = *after;
+                end_ = next_;
                 return;
             }
-            ++next;  // the stuffed zero
+            ++after;  // the stuffed zero
         }
         bits_ |= Vek64u(b) << (56 - count_);
         count_ += 8;
-        pos_ = next;
+        next_ = after;
     }
 
     Vek64u bits_;
     int count_;
     const Vek8u* src_;
-    int pos_, len_;
-    bool stopped_ = false;
+    const Vek8u* next_;
+    const Vek8u* end_;
     int marker_ = 0;
 };
 

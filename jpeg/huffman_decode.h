@@ -57,39 +57,61 @@ private:
     DecodeState& st_;
 };
 
+// The DC difference coded at the reader; false, with `status` set, when
+// the code is absent from the table or its size category out of range.
+// Short codes with short values take one look-up.
+inline bool dcDifference(DecodeCall& call, const DecodeSpec& dc, int& diff, VekStatus& status) {
+    if (call.reader.count() < 32) call.reader.refill();
+    const int32_t fast = dc.fastValue[call.reader.peek(vek::jpeg::kLookaheadBits)];
+    if (fast && !(fast & 0xF00)) {  // a symbol of 0..15: a size category
+        call.reader.skip(fast & 31);
+        diff = fast >> 16;
+        return true;
+    }
+    const int size = call.reader.symbol(dc);
+    if (size < 0) {
+        status = StatusIllegalCode;
+        return false;
+    }
+    if (size > kMaxDecodedSize) {
+        status = StatusJpegCoefficientRange;
+        return false;
+    }
+    diff = call.reader.value(size);
+    return true;
+}
+
+// Baseline block: the decoded coefficients are listed (natural position,
+// value) and written to the block only when the whole block has decoded,
+// so that a failing call leaves it untouched without a staging copy.
 template <class Policy>
 VekStatus decodeBaseline(const Vek8u* src, int srcLen, int* pos, Vek16s* dst, Vek16s* lastDc, int* marker,
                          const VekDecodeHuffmanSpec* dcTable, const VekDecodeHuffmanSpec* acTable,
                          VekDecodeHuffmanState* state) {
     if (const VekStatus s = checkDecode(src, srcLen, pos, dst, lastDc, marker, dcTable, acTable, state)) return s;
     DecodeState& st = *vek::jpeg::stateOf(state);
-    const DecodeSpec& dc = *vek::jpeg::specOf(dcTable);
     const DecodeSpec& ac = *vek::jpeg::specOf(acTable);
     DecodeCall call(src, srcLen, pos, st);
-    alignas(64) Vek16s block[64];
-    Policy::clear(block);
+    Vek16s values[64];
+    Vek8u where[64];
+    int count = 0;
     VekStatus status = StatusOk;
-    Vek16s dcValue = *lastDc;
-    const int size = call.symbol(dc);
-    if (size < 0)
-        status = StatusIllegalCode;
-    else if (size > kMaxDecodedSize)
-        status = StatusJpegCoefficientRange;
-    else {
-        dcValue = wrap16(static_cast<unsigned>(dcValue) + static_cast<unsigned>(call.reader.value(size)));
-        block[0] = dcValue;
+    int diff = 0;
+    if (dcDifference(call, *vek::jpeg::specOf(dcTable), diff, status)) {
         for (int k = 1; k < 64; ++k) {
-            if (call.reader.count() < 32) call.reader.refill();
+            call.reader.refillQuick();
             // Short codes with short values: one look-up gives both.
             const int32_t fast = ac.fastValue[call.reader.peek(vek::jpeg::kLookaheadBits)];
             if (fast) {
+                call.reader.skip(fast & 31);
+                if (fast & vek::jpeg::kFastEndOfBlock) break;
                 k += (fast >> 8) & 15;
                 if (k > 63) {
                     status = StatusJpegCoefficientRange;
                     break;
                 }
-                call.reader.skip(fast & 31);
-                block[kZigzagToNatural[k]] = static_cast<Vek16s>(fast >> 16);
+                where[count] = kZigzagToNatural[k];
+                values[count++] = static_cast<Vek16s>(fast >> 16);
                 continue;
             }
             const int rs = call.reader.symbol(ac);
@@ -110,12 +132,16 @@ VekStatus decodeBaseline(const Vek8u* src, int srcLen, int* pos, Vek16s* dst, Ve
                 status = StatusJpegCoefficientRange;
                 break;
             }
-            block[kZigzagToNatural[k]] = static_cast<Vek16s>(call.reader.value(s));
+            where[count] = kZigzagToNatural[k];
+            values[count++] = static_cast<Vek16s>(call.reader.value(s));
         }
     }
     status = call.finish(status, marker);
     if (status != StatusOk) return status;
-    Policy::copy(dst, block);
+    const Vek16s dcValue = wrap16(static_cast<unsigned>(*lastDc) + static_cast<unsigned>(diff));
+    Policy::clear(dst);
+    dst[0] = dcValue;
+    for (int i = 0; i < count; ++i) dst[where[i]] = values[i];
     *lastDc = dcValue;
     return StatusOk;
 }

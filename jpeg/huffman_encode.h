@@ -112,6 +112,16 @@ VekStatus putRunValue(Sink& sink, const EncodeSpec* t, int run, int v) {
     return sink.code(t, (run << 4) | size, static_cast<Vek32u>(v + sign), size) ? StatusOk : StatusJpegHuffmanTable;
 }
 
+// The same with the size category and the value bits (v - 1 for a
+// negative v) worked out beforehand.
+template <class Sink>
+VekStatus putRunSized(Sink& sink, const EncodeSpec* t, int run, int size, Vek32u bits) {
+    for (; run > 15; run -= 16)
+        if (!sink.code(t, 0xF0)) return StatusJpegHuffmanTable;
+    if (size > kMaxAcSize) return StatusJpegCoefficientRange;
+    return sink.code(t, (run << 4) | size, bits, size) ? StatusOk : StatusJpegHuffmanTable;
+}
+
 // DC difference of baseline and DC first scans.
 template <class Sink>
 VekStatus putDc(Sink& sink, const EncodeSpec* t, int diff) {
@@ -128,11 +138,26 @@ VekStatus codeBaseline(Sink& sink, const Vek16s* src, Vek16s lastDc, const Encod
     if (const VekStatus s = putDc(sink, dc, zz[0] - lastDc)) return s;
     Vek64u mask = Block::bandMask(zz, 0) & ~Vek64u(1);
     int last = 0;
-    while (mask) {
-        const int k = lowestBit(mask);
-        mask &= mask - 1;
-        if (const VekStatus s = putRunValue(sink, ac, k - last - 1, zz[k])) return s;
-        last = k;
+    if constexpr (Block::kSizesByVector) {
+        // Sizes and value bits of the whole block by vectors: the loop over
+        // the nonzero coefficients only looks them up.
+        alignas(64) Vek32s sizes[64];
+        alignas(64) Vek16s bits[64];
+        Block::sizesAndBits(zz, sizes, bits);
+        while (mask) {
+            const int k = lowestBit(mask);
+            mask &= mask - 1;
+            if (const VekStatus s = putRunSized(sink, ac, k - last - 1, sizes[k], static_cast<Vek32u>(bits[k])))
+                return s;
+            last = k;
+        }
+    } else {
+        while (mask) {
+            const int k = lowestBit(mask);
+            mask &= mask - 1;
+            if (const VekStatus s = putRunValue(sink, ac, k - last - 1, zz[k])) return s;
+            last = k;
+        }
     }
     if (last != 63 && !sink.code(ac, 0x00)) return StatusJpegHuffmanTable;
     return StatusOk;
@@ -226,7 +251,8 @@ VekStatus codeAcRefine(Sink& sink, const Vek16s* src, int ss, int se, int al, co
 // ---- encoding calls: stage, then commit ----------------------------------
 
 // Copies the staged bytes out and keeps the writer's pending bits.
-inline VekStatus commitBytes(const EncodeSink& sink, Vek8u* dst, int dstLen, int* pos, EncodeState& st) {
+inline VekStatus commitBytes(EncodeSink& sink, Vek8u* dst, int dstLen, int* pos, EncodeState& st) {
+    sink.writer_.settle();
     const int n = sink.bytes();
     if (n > dstLen - *pos) return StatusOutOfBuffer;
     memcpy(dst + *pos, sink.stage_, static_cast<size_t>(n));

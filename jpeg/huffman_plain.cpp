@@ -1,7 +1,5 @@
 // JPEG Huffman coding, plain level: the encoders and decoders of
-// huffman_encode.h and huffman_decode.h over scalar block helpers.  The
-// decoders of every level are this code: decoding is a chain of dependent
-// table look-ups that vectors do not shorten.
+// huffman_encode.h and huffman_decode.h over scalar block helpers.
 #include <stdint.h>
 #include <string.h>
 
@@ -16,6 +14,8 @@ namespace vek::plain {
 
 namespace {
 struct ScalarBlock {
+    static constexpr bool kSizesByVector = false;
+    static void sizesAndBits(const Vek16s*, Vek32s*, Vek16s*) {}
     static void toZigzag(const Vek16s* natural, Vek16s* zz) {
         for (int k = 0; k < 64; ++k) zz[k] = natural[jpeg::kZigzagToNatural[k]];
     }

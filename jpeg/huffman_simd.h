@@ -1,6 +1,8 @@
-// The Block policy of the JPEG Huffman encoders (huffman_encode.h) for the
-// vector levels, written once: the zig-zag reorder and the mask of
-// coefficients that are nonzero after the point transform.
+// The Block policy of the JPEG Huffman coders (huffman_encode.h,
+// huffman_decode.h) for the vector levels, written once: the zig-zag
+// reorder, the mask of coefficients that are nonzero after the point
+// transform, at AVX2 and AVX-512 the size categories and value bits of a
+// whole block, and the decoders' block cleared and copied by vectors.
 //   SSE2:    reorder by scalar gathers; the mask from 8 compares and 4
 //            movemasks (abs as max(v, -v), so -32768 stays 0x8000).
 //   SSSE3:   each 8 zig-zag outputs gathered from the rows they come from
@@ -43,6 +45,46 @@ constexpr RowShuffles kRowShuffles = makeRowShuffles();
 #endif
 
 struct VectorBlock {
+#if defined(__AVX2__)
+    // sizes[k]: the size category of zz[k] (bits of its magnitude, 16 for
+    // -32768), from the exponent of the magnitude converted to float (exact
+    // below 2^24; 0 gives 0); bits[k]: zz[k] - 1 where negative, whose low
+    // `size` bits are the value bits.
+    static constexpr bool kSizesByVector = true;
+    static void sizesAndBits(const Vek16s* zz, Vek32s* sizes, Vek16s* bits) {
+#    if defined(__AVX512BW__)
+        for (int i = 0; i < 64; i += 32) {
+            const __m512i v = load512i(zz + i);
+            store(bits + i, _mm512_add_epi16(v, _mm512_srai_epi16(v, 15)));
+            const __m512i m = _mm512_abs_epi16(v);
+            for (int h = 0; h < 2; ++h) {
+                const __m512i wide =
+                    _mm512_cvtepu16_epi32(h ? _mm512_extracti64x4_epi64(m, 1) : _mm512_castsi512_si256(m));
+                const __m512i exponent = _mm512_srli_epi32(_mm512_castps_si512(_mm512_cvtepi32_ps(wide)), 23);
+                store(sizes + i + 16 * h,
+                      _mm512_max_epi32(_mm512_sub_epi32(exponent, _mm512_set1_epi32(126)), _mm512_setzero_si512()));
+            }
+        }
+#    else
+        for (int i = 0; i < 64; i += 16) {
+            const __m256i v = load256i(zz + i);
+            store(bits + i, _mm256_add_epi16(v, _mm256_srai_epi16(v, 15)));
+            const __m256i m = _mm256_abs_epi16(v);
+            for (int h = 0; h < 2; ++h) {
+                const __m256i wide =
+                    _mm256_cvtepu16_epi32(h ? _mm256_extracti128_si256(m, 1) : _mm256_castsi256_si128(m));
+                const __m256i exponent = _mm256_srli_epi32(_mm256_castps_si256(_mm256_cvtepi32_ps(wide)), 23);
+                store(sizes + i + 8 * h,
+                      _mm256_max_epi32(_mm256_sub_epi32(exponent, _mm256_set1_epi32(126)), _mm256_setzero_si256()));
+            }
+        }
+#    endif
+    }
+#else
+    static constexpr bool kSizesByVector = false;
+    static void sizesAndBits(const Vek16s*, Vek32s*, Vek16s*) {}
+#endif
+
     static void toZigzag(const Vek16s* natural, Vek16s* zz) {
 #if defined(__AVX512BW__)
         const __m512i lo = load512i(natural), hi = load512i(natural + 32);
@@ -66,6 +108,28 @@ struct VectorBlock {
         }
 #else
         for (int k = 0; k < 64; ++k) zz[k] = natural[vek::jpeg::kZigzagToNatural[k]];
+#endif
+    }
+
+    // The decoders' block: cleared or copied whole, by vectors.
+    static void clear(Vek16s* block) {
+#if defined(__AVX512BW__)
+        store(block, _mm512_setzero_si512());
+        store(block + 32, _mm512_setzero_si512());
+#elif defined(__AVX2__)
+        for (int i = 0; i < 64; i += 16) store(block + i, _mm256_setzero_si256());
+#else
+        for (int i = 0; i < 64; i += 8) store(block + i, _mm_setzero_si128());
+#endif
+    }
+    static void copy(Vek16s* dst, const Vek16s* src) {
+#if defined(__AVX512BW__)
+        store(dst, load512i(src));
+        store(dst + 32, load512i(src + 32));
+#elif defined(__AVX2__)
+        for (int i = 0; i < 64; i += 16) store(dst + i, load256i(src + i));
+#else
+        for (int i = 0; i < 64; i += 8) store(dst + i, load128i(src + i));
 #endif
     }
 

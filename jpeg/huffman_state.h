@@ -42,6 +42,9 @@ struct EncodeSpec {
     Vek32u codeLength[256];
 };
 
+// Flags the end-of-block entries of DecodeSpec::fastValue.
+constexpr int32_t kFastEndOfBlock = 0x20;
+
 // Decoder table.  `fast` resolves every code of up to kLookaheadBits bits
 // from the next kLookaheadBits bits of the stream: length << 8 | symbol,
 // or 0 for a longer (or absent) code.  Longer codes go through the
@@ -51,7 +54,10 @@ struct EncodeSpec {
 // `fastValue` serves AC tables: where a run/size code and its value bits
 // together take at most kLookaheadBits bits, the entry holds the value
 // (bits 16..31, signed), the run (bits 8..11) and the bits to consume
-// (bits 0..4); 0 elsewhere.
+// (bits 0..4); the code of symbol 0 (end of block) holds
+// kFastEndOfBlock and its length; 0 elsewhere.  Read for a DC table, the
+// same entries give the difference of every size category up to 15 (the
+// run 0, symbol 0 a difference of 0).
 struct DecodeSpec {
     Vek16u fast[1 << kLookaheadBits];
     int32_t fastValue[1 << kLookaheadBits];

@@ -103,6 +103,10 @@ VekStatus VEK_CALL vekiDecodeHuffmanSpecInit_JPEG_8u(const Vek8u* pListBits, con
     for (int e = 0; e < (1 << kLookaheadBits); ++e) {
         const int length = built.fast[e] >> 8, symbol = built.fast[e] & 0xFF;
         const int run = symbol >> 4, size = symbol & 15;
+        if (length && symbol == 0) {  // end of block (a DC table: a difference of 0)
+            built.fastValue[e] = jpeg::kFastEndOfBlock | length;
+            continue;
+        }
         if (!length || !size || length + size > kLookaheadBits) continue;
         const int bits = (e >> (kLookaheadBits - length - size)) & ((1 << size) - 1);
         const int value = bits < (1 << (size - 1)) ? bits - (1 << size) + 1 : bits;

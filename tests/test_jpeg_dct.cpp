@@ -6,6 +6,7 @@
 // entry checks on every level.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <string>
 #include <vector>
@@ -79,7 +80,10 @@ std::vector<T> guardedCopyOf(const std::vector<T>& v, InputArray<T>& a) {
     memcpy(a.data(), v.data(), v.size() * sizeof(T));
     return v;
 }
-// An 8 x 8 sample image ending at the no-access page, with random padding.
+// An 8 x 8 sample image ending at the no-access page, with random padding:
+// random samples, 12-bit ones for the float path, or (for the integer
+// forms) only the extremes of the type, where the bounds the vector levels
+// rely on are tightest and 16-bit inputs wrap.
 template <class T>
 GuardedImage<T> sampleBlock(bool twelveBit = false) {
     ImageLayout layout = randomLayout<T>();
@@ -87,6 +91,9 @@ GuardedImage<T> sampleBlock(bool twelveBit = false) {
     layout.guardAfter = false;
     GuardedImage<T> image(8, 8, layout);
     if (twelveBit && rng()() % 2) image.fill([](int, int) { return static_cast<T>(rng()() % 4096); });
+    if (!twelveBit && rng()() % 4 == 0)
+        image.fill(
+            [](int, int) { return rng()() % 2 ? std::numeric_limits<T>::max() : std::numeric_limits<T>::min(); });
     return image;
 }
 template <class T>

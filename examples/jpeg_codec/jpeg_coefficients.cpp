@@ -6,6 +6,8 @@
 
 #include <string.h>
 
+#include <algorithm>
+
 #include "examples/jpeg_codec/jpeg_tables.h"
 
 namespace vekjpeg {
@@ -47,37 +49,65 @@ struct ScanSpec {
     }
 };
 
-// Calls block(component, bx, by) for every block of the scan in coding
-// order, restart(n) before the first MCU of restart interval n + 1, and
-// rows(n) whenever the scan's blocks of the first n MCU rows are complete.
-// A scan of one component codes its blocks alone, row by row; a scan of
-// several codes whole MCUs.  Stops when a call returns false.
-template <class BlockFn, class RestartFn, class RowsFn>
-bool walkScan(const CoefficientImage& img, const std::vector<int>& comps, int interval, BlockFn block,
-              RestartFn restart, RowsFn rows) {
+// Calls block(component, coefficients) for every block of the scan in
+// coding order, restart(n) before the first MCU of restart interval n + 1,
+// and rows(n) whenever the scan's blocks of the first n MCU rows are
+// complete.  A scan of one component codes its blocks alone, row by row; a
+// scan of several codes whole MCUs.  Stops when a call returns false.
+template <class Image, class BlockFn, class RestartFn, class RowsFn>
+bool walkScan(Image& img, const std::vector<int>& comps, int interval, BlockFn block, RestartFn restart, RowsFn rows) {
+    // Units (blocks or MCUs) left in the restart interval, and the
+    // intervals begun; counted down, not divided out, on the hot path.
+    int left = interval, restarts = 0;
+    auto nextUnit = [&] {
+        if (!interval) return true;
+        if (left == 0) {
+            if (!restart(restarts++)) return false;
+            left = interval;
+        }
+        --left;
+        return true;
+    };
     if (comps.size() == 1) {
-        const Component& c = img.components[size_t(comps[0])];
-        const long units = long(c.usedWide) * c.usedHigh;
-        for (long i = 0; i < units; ++i) {
-            if (interval && i && i % interval == 0 && !restart(int(i / interval - 1))) return false;
-            const int bx = int(i % c.usedWide), by = int(i / c.usedWide);
-            if (!block(comps[0], bx, by)) return false;
-            if (bx == c.usedWide - 1 && (by + 1) % c.v == 0) rows((by + 1) / c.v);
+        const int ci = comps[0];
+        auto& c = img.components[size_t(ci)];
+        for (int by = 0; by < c.usedHigh; ++by) {
+            for (int bx = 0; bx < c.usedWide; ++bx)
+                if (!nextUnit() || !block(ci, c.block(bx, by))) return false;
+            if ((by + 1) % c.v == 0) rows((by + 1) / c.v);
         }
         rows(img.mcusHigh);
         return true;
     }
-    const long mcus = long(img.mcusWide) * img.mcusHigh;
-    for (long m = 0; m < mcus; ++m) {
-        if (interval && m && m % interval == 0 && !restart(int(m / interval - 1))) return false;
-        const int mx = int(m % img.mcusWide), my = int(m / img.mcusWide);
-        for (int ci : comps) {
-            const Component& c = img.components[size_t(ci)];
-            for (int y = 0; y < c.v; ++y)
-                for (int x = 0; x < c.h; ++x)
-                    if (!block(ci, mx * c.h + x, my * c.v + y)) return false;
+    // The blocks of an MCU in coding order (at most 4 x 4 x 4): component,
+    // and where the block lies in the MCU row being coded, advanced MCU by
+    // MCU by the width of the component's MCU.
+    struct Unit {
+        int ci;
+        size_t offset, step;
+        decltype(img.components[0].block(0, 0)) next;
+    };
+    Unit units[64];
+    int count = 0;
+    for (int ci : comps) {
+        const auto& c = img.components[size_t(ci)];
+        for (int y = 0; y < c.v; ++y)
+            for (int x = 0; x < c.h; ++x)
+                units[count++] = {ci, (size_t(y) * size_t(c.blocksWide) + size_t(x)) * 64, size_t(c.h) * 64, nullptr};
+    }
+    for (int my = 0; my < img.mcusHigh; ++my) {
+        for (int u = 0; u < count; ++u) {
+            auto& c = img.components[size_t(units[u].ci)];
+            units[u].next = c.block(0, my * c.v) + units[u].offset;
         }
-        if (mx == img.mcusWide - 1) rows(my + 1);
+        for (int mx = 0; mx < img.mcusWide; ++mx) {
+            if (!nextUnit()) return false;
+            for (int u = 0; u < count; ++u) {
+                if (!block(units[u].ci, units[u].next)) return false;
+                units[u].next += units[u].step;
+            }
+        }
+        rows(my + 1);
     }
     return true;
 }
@@ -151,6 +181,7 @@ public:
         }
         if (!haveFrame_) return "no frame header before the end of the image";
         if (!scans_) return "no scan before the end of the image";
+        for (size_t i = 0; i < img_.components.size(); ++i) zeroUnwritten(int(i));
         return "";
     }
 
@@ -185,7 +216,10 @@ private:
                 if (img_.components[size_t(j)].id == c.id) return "two components with one identifier";
         }
         haveFrame_ = true;
-        return layOut(img_, maxBytes_);
+        // Sequential scans write every block they walk: the coefficients
+        // are zeroed only where no scan will (see unwritten_).
+        for (int i = 0; i < count; ++i) unwritten_[i] = !progressive;
+        return layOut(img_, maxBytes_, progressive);
     }
 
     std::string quantTables(const uint8_t* s, int len) {
@@ -260,7 +294,21 @@ private:
                 return "a scan uses an AC Huffman table that is not defined";
         }
         ++scans_;
+        // A scan of one component walks only the blocks inside the image:
+        // the MCU padding around them must read as zeros.
+        for (int ci : scan.components) {
+            const Component& c = img_.components[size_t(ci)];
+            if (count == 1 && (c.usedWide != c.blocksWide || c.usedHigh != c.blocksHigh)) zeroUnwritten(ci);
+            unwritten_[ci] = false;
+        }
         return decodeScan(scan, kind, dcTable, acTable, pos);
+    }
+
+    void zeroUnwritten(int ci) {
+        if (!unwritten_[ci]) return;
+        std::vector<Vek16s>& k = img_.components[size_t(ci)].coefficients;
+        std::fill(k.begin(), k.end(), Vek16s(0));
+        unwritten_[ci] = false;
     }
 
     std::string decodeScan(const ScanSpec& scan, ScanKind kind, const int* dcTable, const int* acTable, int& pos) {
@@ -269,34 +317,36 @@ private:
         Vek16s lastDc[4] = {};
         int marker = 0;
         VekStatus failure = StatusOk;
-        auto slot = [&](int component) {
-            for (size_t i = 0; i < scan.components.size(); ++i)
-                if (scan.components[i] == component) return int(i);
-            return 0;
-        };
-        auto block = [&](int ci, int bx, int by) {
-            Vek16s* b = img_.components[size_t(ci)].block(bx, by);
-            const int i = slot(ci);
+        // Each frame component's predictor and tables in this scan, found once.
+        Vek16s* lastDcOf[4] = {};
+        const VekDecodeHuffmanSpec *dcOf[4] = {}, *acOf[4] = {};
+        for (size_t i = 0; i < scan.components.size(); ++i) {
+            const int c = scan.components[i];
+            lastDcOf[c] = &lastDc[i];
+            dcOf[c] = dc_[dcTable[i]].get();
+            acOf[c] = ac_[acTable[i]].get();
+        }
+        VekDecodeHuffmanState* st = state.get();
+        auto block = [&](int ci, Vek16s* b) {
             VekStatus s = StatusOk;
             switch (kind) {
             case ScanKind::Baseline:
-                s = vekiDecodeHuffman8x8_JPEG_1u16s_C1(d_, n_, &pos, b, &lastDc[i], &marker, dc_[dcTable[i]].get(),
-                                                       ac_[acTable[i]].get(), state.get());
+                s = vekiDecodeHuffman8x8_JPEG_1u16s_C1(d_, n_, &pos, b, lastDcOf[ci], &marker, dcOf[ci], acOf[ci], st);
                 break;
             case ScanKind::DcFirst:
-                s = vekiDecodeHuffman8x8_DCFirst_JPEG_1u16s_C1(d_, n_, &pos, b, &lastDc[i], &marker, scan.al,
-                                                               dc_[dcTable[i]].get(), state.get());
+                s = vekiDecodeHuffman8x8_DCFirst_JPEG_1u16s_C1(d_, n_, &pos, b, lastDcOf[ci], &marker, scan.al,
+                                                               dcOf[ci], st);
                 break;
             case ScanKind::DcRefine:
-                s = vekiDecodeHuffman8x8_DCRefine_JPEG_1u16s_C1(d_, n_, &pos, b, &marker, scan.al, state.get());
+                s = vekiDecodeHuffman8x8_DCRefine_JPEG_1u16s_C1(d_, n_, &pos, b, &marker, scan.al, st);
                 break;
             case ScanKind::AcFirst:
                 s = vekiDecodeHuffman8x8_ACFirst_JPEG_1u16s_C1(d_, n_, &pos, b, &marker, scan.ss, scan.se, scan.al,
-                                                               ac_[acTable[i]].get(), state.get());
+                                                               acOf[ci], st);
                 break;
             case ScanKind::AcRefine:
                 s = vekiDecodeHuffman8x8_ACRefine_JPEG_1u16s_C1(d_, n_, &pos, b, &marker, scan.ss, scan.se, scan.al,
-                                                                ac_[acTable[i]].get(), state.get());
+                                                                acOf[ci], st);
                 break;
             }
             failure = s;
@@ -340,6 +390,7 @@ private:
     size_t maxBytes_;
     const RowsDone& rowsDone_;
     bool haveFrame_ = false;
+    bool unwritten_[4] = {};  // coefficients not zeroed, no scan written yet
     int scans_ = 0;
     DecodeTable dc_[4] = {
         DecodeTable(vekiDecodeHuffmanSpecGetSize_JPEG_8u), DecodeTable(vekiDecodeHuffmanSpecGetSize_JPEG_8u),
@@ -450,8 +501,7 @@ private:
                 vekiGetHuffmanStatistics8x8_ACRefine_JPEG_16s_C1(nullptr, acCounts[cls], scan.ss, scan.se, scan.al,
                                                                  state.get(), 1);
         };
-        auto block = [&](int ci, int bx, int by) {
-            const Vek16s* b = img_.components[size_t(ci)].block(bx, by);
+        auto block = [&](int ci, const Vek16s* b) {
             const int k = tableClass(ci);
             switch (kind) {
             case ScanKind::Baseline:
@@ -544,31 +594,42 @@ private:
         VekStatus failure = StatusOk;
         int pos = int(out_.size());
         const int kRoom = 1 << 16;
+        // The output as the coder sees it (len 0: renew it from out_), and
+        // each component's tables and predictor, found once.
+        Vek8u* d = nullptr;
+        int len = 0;
+        const VekEncodeHuffmanSpec *dcOf[4] = {}, *acOf[4] = {};
+        for (size_t c = 0; c < img_.components.size() && c < 4; ++c) {
+            dcOf[c] = dc[tableClass(int(c))].get();
+            acOf[c] = ac[tableClass(int(c))].get();
+        }
+        VekEncodeHuffmanState* st = state.get();
         auto call = [&](int ci, const Vek16s* b, int flush) {
-            if (int(out_.size()) - pos < 1024) out_.resize(size_t(pos) + kRoom);
-            const int k = tableClass(ci), len = int(out_.size());
-            Vek8u* d = out_.data();
+            if (len - pos < 1024) {
+                out_.resize(size_t(pos) + kRoom);
+                d = out_.data();
+                len = int(out_.size());
+            }
             switch (kind) {
             case ScanKind::Baseline:
-                return vekiEncodeHuffman8x8_JPEG_16s1u_C1(b, d, len, &pos, &lastDc[ci], dc[k].get(), ac[k].get(),
-                                                          state.get(), flush);
+                return vekiEncodeHuffman8x8_JPEG_16s1u_C1(b, d, len, &pos, &lastDc[ci], dcOf[ci], acOf[ci], st, flush);
             case ScanKind::DcFirst:
-                return vekiEncodeHuffman8x8_DCFirst_JPEG_16s1u_C1(b, d, len, &pos, &lastDc[ci], scan.al, dc[k].get(),
-                                                                  state.get(), flush);
+                return vekiEncodeHuffman8x8_DCFirst_JPEG_16s1u_C1(b, d, len, &pos, &lastDc[ci], scan.al, dcOf[ci], st,
+                                                                  flush);
             case ScanKind::DcRefine:
-                return vekiEncodeHuffman8x8_DCRefine_JPEG_16s1u_C1(b, d, len, &pos, scan.al, state.get(), flush);
+                return vekiEncodeHuffman8x8_DCRefine_JPEG_16s1u_C1(b, d, len, &pos, scan.al, st, flush);
             case ScanKind::AcFirst:
-                return vekiEncodeHuffman8x8_ACFirst_JPEG_16s1u_C1(b, d, len, &pos, scan.ss, scan.se, scan.al,
-                                                                  ac[k].get(), state.get(), flush);
+                return vekiEncodeHuffman8x8_ACFirst_JPEG_16s1u_C1(b, d, len, &pos, scan.ss, scan.se, scan.al, acOf[ci],
+                                                                  st, flush);
             case ScanKind::AcRefine:
-                return vekiEncodeHuffman8x8_ACRefine_JPEG_16s1u_C1(b, d, len, &pos, scan.ss, scan.se, scan.al,
-                                                                   ac[k].get(), state.get(), flush);
+                return vekiEncodeHuffman8x8_ACRefine_JPEG_16s1u_C1(b, d, len, &pos, scan.ss, scan.se, scan.al, acOf[ci],
+                                                                   st, flush);
             }
             return VekStatus(StatusOk);
         };
         const int first = scan.components[0];
-        auto block = [&](int ci, int bx, int by) {
-            failure = call(ci, img_.components[size_t(ci)].block(bx, by), 0);
+        auto block = [&](int ci, const Vek16s* b) {
+            failure = call(ci, b, 0);
             return failure == StatusOk;
         };
         auto restart = [&](int n) {
@@ -576,6 +637,7 @@ private:
             out_.resize(size_t(pos));
             marker(out_, 0xD0 + n % 8);
             pos = int(out_.size());
+            len = 0;
             for (Vek16s& d : lastDc) d = 0;
             return true;
         };
@@ -608,7 +670,7 @@ void resetKeepingMemory(CoefficientImage& img) {
     for (size_t i = 0; i < memory.size(); ++i) img.components[i].coefficients = std::move(memory[i]);
 }
 
-std::string layOut(CoefficientImage& img, size_t maxBytes) {
+std::string layOut(CoefficientImage& img, size_t maxBytes, bool zero) {
     img.maxH = img.maxV = 1;
     for (const Component& c : img.components) {
         img.maxH = c.h > img.maxH ? c.h : img.maxH;
@@ -629,7 +691,13 @@ std::string layOut(CoefficientImage& img, size_t maxBytes) {
     if (total > maxBytes)
         return "image too large: " + std::to_string(img.width) + "x" + std::to_string(img.height) + " would need " +
                std::to_string(total >> 20) + " MiB of coefficients";
-    for (Component& c : img.components) c.coefficients.assign(size_t(c.blocksWide) * size_t(c.blocksHigh) * 64, 0);
+    for (Component& c : img.components) {
+        const size_t n = size_t(c.blocksWide) * size_t(c.blocksHigh) * 64;
+        if (zero)
+            c.coefficients.assign(n, 0);
+        else
+            c.coefficients.resize(n);
+    }
     return "";
 }
 

@@ -45,9 +45,10 @@ struct CoefficientImage {
 
 // Block counts from width, height and each component's sampling factors;
 // zeroed coefficients (in the memory the components already hold, when
-// it is large enough).  Fails (a message) when the coefficients would take
-// more than maxBytes.
-std::string layOut(CoefficientImage& img, size_t maxBytes);
+// it is large enough), or, with zero false, coefficients left as that
+// memory held them, for a caller that writes every block.  Fails (a
+// message) when the coefficients would take more than maxBytes.
+std::string layOut(CoefficientImage& img, size_t maxBytes, bool zero = true);
 // Every field back to its default, but the components keep their
 // coefficient memory for the next image (a decoder or encoder that works
 // image after image then allocates, and faults in, nothing new).

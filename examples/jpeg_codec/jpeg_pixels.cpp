@@ -106,7 +106,8 @@ public:
             img.components[0].h = sampling_ == Sampling::S444 ? 1 : 2;
             img.components[0].v = sampling_ == Sampling::S420 ? 2 : 1;
         }
-        if (std::string e = layOut(img, size_t(1) << 31); !e.empty()) return e;
+        // rows() writes every block, padding included: nothing to zero first.
+        if (std::string e = layOut(img, size_t(1) << 31, false); !e.empty()) return e;
         scaledTables(options.quality, forward_, img.quant);
         if (sampling_ == Sampling::Grey && image.channels == 3)
             luma_.resize(size_t(image.width) * size_t(image.height));
