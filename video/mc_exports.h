@@ -2,21 +2,26 @@
 // every level.
 //
 // Included inside a level's namespace after the level has defined its
-// block kernels (templates on the block shape and the prediction modes):
-//   mcBlock<W, H, Dx, Mode>(ref, refStep, residual, residualStep, dst, dstStep, roundControl)
-//   mcBlockB<W, H, Dx, ModeF, ModeB>(refF, refFStep, refB, refBStep, residual, residualStep,
-//                                    dst, dstStep, roundControl)
+// block kernels (templates on the block shape and the prediction modes),
+// each returning StatusOk:
+//   mcBlock<W, H, Dx, Mode, RC>(ref, refStep, residual, residualStep, dst, dstStep)
+//   mcBlockB<W, H, Dx, ModeF, ModeB, RC>(refF, refFStep, refB, refBStep, residual, residualStep,
+//                                        dst, dstStep)
 //   diffBlock<W, H, Mode, WithPredictor>(cur, curStep, ref, refStep, diff, diffStep,
 //                                        predictor, predictorStep, roundControl)
 //   diffBlockB<W, H, ModeF, ModeB>(cur, curStep, refF, refFStep, refB, refBStep, diff, diffStep,
 //                                  roundControl)
 // W x H is the block, Dx the distance in bytes to a sample's horizontal
 // neighbour (2 in the interleaved chroma forms), Mode one of 0, 4, 8, 12
-// and roundControl 0 or 1.
+// and RC or roundControl 0 or 1.
 //
 // A mode reaches its kernel through a table indexed by the mode bits, so
-// no kernel branches on the mode; the rounding control is applied inside
-// the kernels, so both entries of a pair name the same kernel.  The group
+// no kernel branches on the mode.  The motion-compensation tables index
+// the rounding control too, so their kernels are built for it (full-sample
+// modes, which have no rounding, name one kernel twice); the difference
+// kernels are given it.  The exports end in a jump to the kernel, which
+// returns their status, so a small block pays for no more than the checks
+// and the lookup.  The group
 // macros at the end say which exports a level defines: "wide" blocks fill
 // a 64-byte vector with whole rows, "medium" ones 32 bytes, "narrow" ones
 // at most 16.
@@ -27,20 +32,23 @@
 // read inside a namespace).
 namespace {
 
-using McKernel = void (*)(const Vek8u*, int, const Vek16s*, int, Vek8u*, int, int);
-using McBKernel = void (*)(const Vek8u*, int, const Vek8u*, int, const Vek16s*, int, Vek8u*, int, int);
-using DiffKernel = void (*)(const Vek8u*, int, const Vek8u*, int, Vek16s*, int, Vek16s*, int, int);
-using DiffBKernel = void (*)(const Vek8u*, int, const Vek8u*, int, const Vek8u*, int, Vek16s*, int, int);
+using McKernel = VekStatus (*)(const Vek8u*, int, const Vek16s*, int, Vek8u*, int);
+using McBKernel = VekStatus (*)(const Vek8u*, int, const Vek8u*, int, const Vek16s*, int, Vek8u*, int);
+using DiffKernel = VekStatus (*)(const Vek8u*, int, const Vek8u*, int, Vek16s*, int, Vek16s*, int, int);
+using DiffBKernel = VekStatus (*)(const Vek8u*, int, const Vek8u*, int, const Vek8u*, int, Vek16s*, int, int);
+
+// The rounding control a kernel is built for: none at full sample.
+constexpr int roundingOf(size_t entry, int modes) { return modes == 0 ? 0 : int(entry & 1); }
 
 // One reference: entry (mode & 12) / 2 + (roundControl & 1).
 template <int W, int H, int Dx, size_t... I>
 constexpr std::array<McKernel, 8> mcTable(std::index_sequence<I...>) {
-    return {{mcBlock<W, H, Dx, int(I / 2) * 4>...}};
+    return {{mcBlock<W, H, Dx, int(I / 2) * 4, roundingOf(I, int(I / 2))>...}};
 }
 // Two references: entry (modeF & 12) / 2 + 2 * (modeB & 12) + (roundControl & 1).
 template <int W, int H, int Dx, size_t... I>
 constexpr std::array<McBKernel, 32> mcBTable(std::index_sequence<I...>) {
-    return {{mcBlockB<W, H, Dx, int((I >> 1) & 3) * 4, int(I >> 3) * 4>...}};
+    return {{mcBlockB<W, H, Dx, int((I >> 1) & 3) * 4, int(I >> 3) * 4, roundingOf(I, int(I >> 1))>...}};
 }
 // Difference: entry (mode & 12) + (predictor wanted); the entries with
 // bit 1 set are never indexed.
@@ -69,9 +77,8 @@ constexpr std::array<DiffBKernel, 16> kDiffBKernels = diffBTable<W, H>(std::make
     VekStatus VEK_CALL name(const Vek8u* pSrcRef, int srcRefStep, const Vek16s* pSrcResidual, int srcResidualStep, \
                             Vek8u* pDst, int dstStep, int mcType, int roundControl) {                              \
         if (const VekStatus status = checkPointers(pSrcRef, pSrcResidual, pDst)) return status;                    \
-        kMcKernels<W, H, Dx>[(mcType & 12) / 2 + (roundControl & 1)](                                              \
-            pSrcRef, srcRefStep, pSrcResidual, srcResidualStep, pDst, dstStep, roundControl & 1);                  \
-        return StatusOk;                                                                                           \
+        return kMcKernels<W, H, Dx>[(mcType & 12) / 2 + (roundControl & 1)](pSrcRef, srcRefStep, pSrcResidual,     \
+                                                                            srcResidualStep, pDst, dstStep);       \
     }
 
 #define VEK_MC_B_EXPORT(name, W, H, Dx)                                                                    \
@@ -79,31 +86,28 @@ constexpr std::array<DiffBKernel, 16> kDiffBKernels = diffBTable<W, H>(std::make
                             int srcRefBStep, int mcTypeB, const Vek16s* pSrcResidual, int srcResidualStep, \
                             Vek8u* pDst, int dstStep, int roundControl) {                                  \
         if (const VekStatus status = checkPointers(pSrcRefF, pSrcRefB, pSrcResidual, pDst)) return status; \
-        kMcBKernels<W, H, Dx>[(mcTypeF & 12) / 2 + 2 * (mcTypeB & 12) + (roundControl & 1)](               \
-            pSrcRefF, srcRefFStep, pSrcRefB, srcRefBStep, pSrcResidual, srcResidualStep, pDst, dstStep,    \
-            roundControl & 1);                                                                             \
-        return StatusOk;                                                                                   \
+        return kMcBKernels<W, H, Dx>[(mcTypeF & 12) / 2 + 2 * (mcTypeB & 12) + (roundControl & 1)](        \
+            pSrcRefF, srcRefFStep, pSrcRefB, srcRefBStep, pSrcResidual, srcResidualStep, pDst, dstStep);   \
     }
 
-#define VEK_DIFF_EXPORT(name, W, H)                                                                              \
-    VekStatus VEK_CALL name(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep,          \
-                            Vek16s* pDstDiff, int dstDiffStep, Vek16s* pDstPredictor, int dstPredictorStep,      \
-                            int mcType, int roundControl) {                                                      \
-        if (const VekStatus status = checkPointers(pSrcCur, pSrcRef, pDstDiff)) return status;                   \
-        kDiffKernels<W, H>[(mcType & 12) + (pDstPredictor != nullptr)](pSrcCur, srcCurStep, pSrcRef, srcRefStep, \
-                                                                       pDstDiff, dstDiffStep, pDstPredictor,     \
-                                                                       dstPredictorStep, roundControl & 1);      \
-        return StatusOk;                                                                                         \
+#define VEK_DIFF_EXPORT(name, W, H)                                                                           \
+    VekStatus VEK_CALL name(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep,       \
+                            Vek16s* pDstDiff, int dstDiffStep, Vek16s* pDstPredictor, int dstPredictorStep,   \
+                            int mcType, int roundControl) {                                                   \
+        if (const VekStatus status = checkPointers(pSrcCur, pSrcRef, pDstDiff)) return status;                \
+        return kDiffKernels<W, H>[(mcType & 12) + (pDstPredictor != nullptr)](                                \
+            pSrcCur, srcCurStep, pSrcRef, srcRefStep, pDstDiff, dstDiffStep, pDstPredictor, dstPredictorStep, \
+            roundControl & 1);                                                                                \
     }
 
 // The 4x4 difference is taken at the full-sample position whatever the
 // mode, and never stores a predictor.
-#define VEK_DIFF_4X4_EXPORT(name)                                                                                  \
-    VekStatus VEK_CALL name(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep,            \
-                            Vek16s* pDstDiff, int dstDiffStep, Vek16s*, int, int, int) {                           \
-        if (const VekStatus status = checkPointers(pSrcCur, pSrcRef, pDstDiff)) return status;                     \
-        diffBlock<4, 4, 0, false>(pSrcCur, srcCurStep, pSrcRef, srcRefStep, pDstDiff, dstDiffStep, nullptr, 0, 0); \
-        return StatusOk;                                                                                           \
+#define VEK_DIFF_4X4_EXPORT(name)                                                                                     \
+    VekStatus VEK_CALL name(const Vek8u* pSrcCur, int srcCurStep, const Vek8u* pSrcRef, int srcRefStep,               \
+                            Vek16s* pDstDiff, int dstDiffStep, Vek16s*, int, int, int) {                              \
+        if (const VekStatus status = checkPointers(pSrcCur, pSrcRef, pDstDiff)) return status;                        \
+        return diffBlock<4, 4, 0, false>(pSrcCur, srcCurStep, pSrcRef, srcRefStep, pDstDiff, dstDiffStep, nullptr, 0, \
+                                         0);                                                                          \
     }
 
 #define VEK_DIFF_B_EXPORT(name, W, H)                                                                                  \
@@ -111,10 +115,9 @@ constexpr std::array<DiffBKernel, 16> kDiffBKernels = diffBTable<W, H>(std::make
                             const Vek8u* pSrcRefB, int srcRefBStep, int mcTypeB, Vek16s* pDstDiff, int dstDiffStep,    \
                             int roundControl) {                                                                        \
         if (const VekStatus status = checkPointers(pSrcCur, pSrcRefF, pSrcRefB, pDstDiff)) return status;              \
-        kDiffBKernels<W, H>[(mcTypeF & 12) / 4 + (mcTypeB & 12)](pSrcCur, srcCurStep, pSrcRefF, srcRefFStep, pSrcRefB, \
-                                                                 srcRefBStep, pDstDiff, dstDiffStep,                   \
-                                                                 roundControl & 1);                                    \
-        return StatusOk;                                                                                               \
+        return kDiffBKernels<W, H>[(mcTypeF & 12) / 4 + (mcTypeB & 12)](pSrcCur, srcCurStep, pSrcRefF, srcRefFStep,    \
+                                                                        pSrcRefB, srcRefBStep, pDstDiff, dstDiffStep,  \
+                                                                        roundControl & 1);                             \
     }
 
 // Blocks whose rows fill 64 bytes or more.

@@ -18,37 +18,38 @@ namespace vek::plain {
 
 namespace {
 
-template <int W, int H, int Dx, int Mode>
-void mcBlock(const Vek8u* ref, int refStep, const Vek16s* residual, int residualStep, Vek8u* dst, int dstStep,
-             int roundControl) {
+template <int W, int H, int Dx, int Mode, int RC>
+VekStatus mcBlock(const Vek8u* ref, int refStep, const Vek16s* residual, int residualStep, Vek8u* dst, int dstStep) {
     for (int y = 0; y < H; ++y) {
         const Vek8u* r = blockRow(ref, refStep, y);
         const Vek16s* e = blockRow(residual, residualStep, y);
         Vek8u* d = blockRow(dst, dstStep, y);
-        for (int x = 0; x < W; ++x) d[x] = clampToByte(predictSample<Mode, Dx>(r, refStep, x, roundControl) + e[x]);
+        for (int x = 0; x < W; ++x) d[x] = clampToByte(predictSample<Mode, Dx>(r, refStep, x, RC) + e[x]);
     }
+    return StatusOk;
 }
 
 // The residual is doubled inside the average, so one rounding serves both.
-template <int W, int H, int Dx, int ModeF, int ModeB>
-void mcBlockB(const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep, const Vek16s* residual,
-              int residualStep, Vek8u* dst, int dstStep, int roundControl) {
+template <int W, int H, int Dx, int ModeF, int ModeB, int RC>
+VekStatus mcBlockB(const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep, const Vek16s* residual,
+                   int residualStep, Vek8u* dst, int dstStep) {
     for (int y = 0; y < H; ++y) {
         const Vek8u* f = blockRow(refF, refFStep, y);
         const Vek8u* b = blockRow(refB, refBStep, y);
         const Vek16s* e = blockRow(residual, residualStep, y);
         Vek8u* d = blockRow(dst, dstStep, y);
         for (int x = 0; x < W; ++x) {
-            const int pf = predictSample<ModeF, Dx>(f, refFStep, x, roundControl);
-            const int pb = predictSample<ModeB, Dx>(b, refBStep, x, roundControl);
+            const int pf = predictSample<ModeF, Dx>(f, refFStep, x, RC);
+            const int pb = predictSample<ModeB, Dx>(b, refBStep, x, RC);
             d[x] = clampToByte((pf + pb + 2 * e[x] + 1) >> 1);
         }
     }
+    return StatusOk;
 }
 
 template <int W, int H, int Mode, bool WithPredictor>
-void diffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16s* diff, int diffStep,
-               Vek16s* predictor, int predictorStep, int roundControl) {
+VekStatus diffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16s* diff, int diffStep,
+                    Vek16s* predictor, int predictorStep, int roundControl) {
     for (int y = 0; y < H; ++y) {
         const Vek8u* c = blockRow(cur, curStep, y);
         const Vek8u* r = blockRow(ref, refStep, y);
@@ -59,12 +60,13 @@ void diffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek
             if constexpr (WithPredictor) blockRow(predictor, predictorStep, y)[x] = static_cast<Vek16s>(p);
         }
     }
+    return StatusOk;
 }
 
 // (2 cur - pF - pB) >> 1 rounds toward minus infinity.
 template <int W, int H, int ModeF, int ModeB>
-void diffBlockB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep,
-                Vek16s* diff, int diffStep, int roundControl) {
+VekStatus diffBlockB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFStep, const Vek8u* refB, int refBStep,
+                     Vek16s* diff, int diffStep, int roundControl) {
     for (int y = 0; y < H; ++y) {
         const Vek8u* c = blockRow(cur, curStep, y);
         const Vek8u* f = blockRow(refF, refFStep, y);
@@ -76,6 +78,7 @@ void diffBlockB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFStep, 
             d[x] = static_cast<Vek16s>((2 * c[x] - pf - pb) >> 1);
         }
     }
+    return StatusOk;
 }
 
 }  // namespace

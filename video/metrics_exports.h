@@ -24,8 +24,8 @@ using SqrDiffBKernel = Vek32s (*)(const Vek8u*, int, const Vek8u*, int, const Ve
 // 12: a switch, so that the kernels are inlined behind one jump (the SAD
 // is the hottest call of a motion search).
 inline VekStatus sadByMode(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad, int mcType) {
+    if (mcType == 0) return sadBlock<0>(cur, curStep, ref, refStep, sad);  // the common case, tested first
     switch (mcType >> 2) {
-    case 0: return sadBlock<0>(cur, curStep, ref, refStep, sad);
     case 1: return sadBlock<4>(cur, curStep, ref, refStep, sad);
     case 2: return sadBlock<8>(cur, curStep, ref, refStep, sad);
     default: return sadBlock<12>(cur, curStep, ref, refStep, sad);

@@ -27,31 +27,48 @@ inline void evenOddLaneSums(MacroV v, uint32_t* even, uint32_t* odd) {
 
 // At the full-sample position a row is one load of each block and one
 // psadbw: 16-byte vectors at every level (wider ones would spend a shuffle
-// on each pair of rows), in two running sums.
-inline Vek32s fullSampleSad(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
+// on each pair of rows), in two running sums.  psadbw leaves the SAD of a
+// row's left 8 bytes in the low 64-bit lane and of its right 8 in the high
+// one, so eight rows summed are two 8x8 quarters (each below 2^14).
+inline __m128i eightRowSads(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
     __m128i even = _mm_setzero_si128(), odd = _mm_setzero_si128();
-    for (int y = 0; y < 16; y += 2) {
+    for (int y = 0; y < 8; y += 2) {
         even =
             _mm_add_epi32(even, _mm_sad_epu8(load128i(blockRow(cur, curStep, y)), load128i(blockRow(ref, refStep, y))));
         odd = _mm_add_epi32(
             odd, _mm_sad_epu8(load128i(blockRow(cur, curStep, y + 1)), load128i(blockRow(ref, refStep, y + 1))));
     }
-    return static_cast<Vek32s>(Lanes<16>::sum64(_mm_add_epi32(even, odd)));
+    return _mm_add_epi32(even, odd);
+}
+inline Vek32s fullSampleSad(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
+    const __m128i top = eightRowSads(cur, curStep, ref, refStep);
+    const __m128i bottom = eightRowSads(blockRow(cur, curStep, 8), curStep, blockRow(ref, refStep, 8), refStep);
+    return static_cast<Vek32s>(Lanes<16>::sum64(_mm_add_epi32(top, bottom)));
 }
 
+// The half-sample SADs stay functions of their own, jumped to: the
+// frame their wide vectors need is then not set up for the full-sample
+// SAD, which the export inlines.
 template <int Mode>
-VekStatus sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad) {
-    if constexpr (Mode == 0) {
-        *sad = fullSampleSad(cur, curStep, ref, refStep);
-        return StatusOk;
-    }
+[[gnu::noinline]] VekStatus halfSampleSad(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad) {
     MacroV sum = Macro::zero();
     for (int y = 0; y < 16; y += kMacroRows) {
-        const MacroV p = predictRows<Macro, 16, kMacroRows, 1, Mode>(blockRow(ref, refStep, y), refStep, Macro::zero());
+        const MacroV p =
+            predictRows<Macro, 16, kMacroRows, 1, Mode, 0>(blockRow(ref, refStep, y), refStep, Macro::zero());
         sum = Macro::add32(sum, Macro::sad(macroRows(cur, curStep, y), p));
     }
     *sad = static_cast<Vek32s>(Macro::sum64(sum));
     return StatusOk;
+}
+
+template <int Mode>
+inline VekStatus sadBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek32s* sad) {
+    if constexpr (Mode == 0) {
+        *sad = fullSampleSad(cur, curStep, ref, refStep);
+        return StatusOk;
+    } else {
+        return halfSampleSad<Mode>(cur, curStep, ref, refStep, sad);
+    }
 }
 
 inline Vek32s sad4x4(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
@@ -59,18 +76,14 @@ inline Vek32s sad4x4(const Vek8u* cur, int curStep, const Vek8u* ref, int refSte
         Lanes<16>::sum64(_mm_sad_epu8(loadRows<4, 4>(cur, curStep), loadRows<4, 4>(ref, refStep))));
 }
 
-// Each 64-bit lane covers 8 bytes of one row: even lanes the left half of
-// the macroblock, odd lanes the right.
+// The quarters read as 16 bits.
 void sadQuarters(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep, Vek16u* out) {
-    for (int band = 0; band < 2; ++band) {
-        MacroV sum = Macro::zero();
-        for (int y = 8 * band; y < 8 * band + 8; y += kMacroRows)
-            sum = Macro::add32(sum, Macro::sad(macroRows(cur, curStep, y), macroRows(ref, refStep, y)));
-        uint32_t left, right;
-        evenOddLaneSums(sum, &left, &right);
-        out[2 * band] = static_cast<Vek16u>(left);
-        out[2 * band + 1] = static_cast<Vek16u>(right);
-    }
+    const __m128i top = eightRowSads(cur, curStep, ref, refStep);
+    const __m128i bottom = eightRowSads(blockRow(cur, curStep, 8), curStep, blockRow(ref, refStep, 8), refStep);
+    out[0] = static_cast<Vek16u>(_mm_cvtsi128_si32(top));
+    out[1] = static_cast<Vek16u>(_mm_extract_epi16(top, 4));
+    out[2] = static_cast<Vek16u>(_mm_cvtsi128_si32(bottom));
+    out[3] = static_cast<Vek16u>(_mm_extract_epi16(bottom, 4));
 }
 
 // The first four bytes of each 8 go to one psadbw, the last four to
@@ -106,7 +119,8 @@ template <int Mode>
 Vek32s sqrDiffBlock(const Vek8u* cur, int curStep, const Vek8u* ref, int refStep) {
     MacroV sum = Macro::zero();
     for (int y = 0; y < 16; y += kMacroRows) {
-        const MacroV p = predictRows<Macro, 16, kMacroRows, 1, Mode>(blockRow(ref, refStep, y), refStep, Macro::zero());
+        const MacroV p =
+            predictRows<Macro, 16, kMacroRows, 1, Mode, 0>(blockRow(ref, refStep, y), refStep, Macro::zero());
         sum = addSquares(sum, p, macroRows(cur, curStep, y));
     }
     return static_cast<Vek32s>(Macro::sum32(sum));
@@ -117,9 +131,9 @@ Vek32s sqrDiffBlockB(const Vek8u* cur, int curStep, const Vek8u* refF, int refFS
     MacroV sum = Macro::zero();
     for (int y = 0; y < 16; y += kMacroRows) {
         const MacroV pf =
-            predictRows<Macro, 16, kMacroRows, 1, ModeF>(blockRow(refF, refFStep, y), refFStep, Macro::zero());
+            predictRows<Macro, 16, kMacroRows, 1, ModeF, 0>(blockRow(refF, refFStep, y), refFStep, Macro::zero());
         const MacroV pb =
-            predictRows<Macro, 16, kMacroRows, 1, ModeB>(blockRow(refB, refBStep, y), refBStep, Macro::zero());
+            predictRows<Macro, 16, kMacroRows, 1, ModeB, 0>(blockRow(refB, refBStep, y), refBStep, Macro::zero());
         sum = addSquares(sum, Macro::avg(pf, pb), macroRows(cur, curStep, y));
     }
     return static_cast<Vek32s>(Macro::sum32(sum));
