@@ -55,12 +55,16 @@ void widen(const Vek16s* src, Vek16u* dst) {
 }
 
 // A w x h window at (x, y) copied into dst (packed rows), the last column
-// and row of the image repeated beyond its edges, as encoders pad.
+// and row of the image repeated beyond its edges, as encoders pad.  Each
+// row's part inside the image is one copy, not one per pixel: the MCU row
+// along the bottom of a 1080-line image is all padded windows.
 void padWindow(const uint8_t* pixels, int width, int height, int channels, int x, int y, int w, int h, uint8_t* dst) {
+    const int inside = std::min(w, width - x) * channels, rowBytes = w * channels;
     for (int r = 0; r < h; ++r) {
         const uint8_t* row = pixels + size_t(std::min(y + r, height - 1)) * size_t(width) * size_t(channels);
-        for (int c = 0; c < w; ++c)
-            memcpy(dst + (r * w + c) * channels, row + std::min(x + c, width - 1) * channels, size_t(channels));
+        uint8_t* out = dst + r * rowBytes;
+        memcpy(out, row + x * channels, size_t(inside));
+        for (int b = inside; b < rowBytes; ++b) out[b] = out[b - channels];
     }
 }
 
@@ -155,7 +159,9 @@ private:
         Component& y = img.components[0];
         const int mw = 8 * y.h, mh = 8 * y.v, w = image_->width, h = image_->height;
         const uint8_t* pixels = image_->pixels.data();
-        alignas(32) Vek16s luma[4 * 64], cb[64], cr[64];
+        // On cache lines: at AVX-512 the per-MCU function stores whole
+        // 512-bit vectors, and one that straddles two lines is a split store.
+        alignas(64) Vek16s luma[4 * 64], cb[64], cr[64];
         alignas(32) Vek16u samples[64];
         const auto transform = [&samples](const Vek16s* block, Vek16s* dst, const Vek32f* table) {
             widen(block, samples);
