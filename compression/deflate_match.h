@@ -95,11 +95,36 @@ inline T* chooseWithoutBranch(bool first, T* a, T* b) {
 }
 inline int tableHash(const Vek8u* b) { return kHashTables[0][b[0]] ^ kHashTables[1][b[1]] ^ kHashTables[2][b[2]]; }
 
-// Puts position q, whose bytes start at b, at the head of its chain.
+// Puts position q, whose bytes start at b, at the head of its chain; with
+// kSkips (the best class) also notes in the skip table the entry two steps
+// back, as the chain now holds it.
+template <bool kSkips>
 inline void linkPosition(DeflateState& s, int q, const Vek8u* b) {
     const int h = tableHash(b);
-    s.chain[q & 0x7FFF] = s.head[h];
+    const int32_t previous = s.head[h];
+    s.chain[q & 0x7FFF] = previous;
+    if (kSkips) s.skip[q & 0x7FFF] = s.chain[previous & 0x7FFF];
     s.head[h] = q;
+}
+
+// The entry a chain walk goes on with: `skipped`, taken from the skip
+// table, unless the chain's own entry `actual` differs.  Written so that
+// the walk's next load waits on the skip table's load alone: the compiler
+// is kept from giving `actual` for `skipped` where the two are equal (the
+// first empty asm hides that equality) and from turning the check into a
+// conditional move (a volatile asm keeps it a predicted branch).
+inline int32_t checkedSkip(int32_t skipped, int32_t actual) {
+#if defined(__GNUC__)
+    int32_t hidden = skipped;
+    __asm__("" : "+r"(hidden));
+    if (__builtin_expect(actual != hidden, 0)) {
+        __asm__ volatile("" : "+r"(actual));
+        return actual;
+    }
+    return skipped;
+#else
+    return actual;
+#endif
 }
 
 class MatchFinder {
@@ -113,7 +138,8 @@ public:
           end_(end),
           pairs_(pairs),
           pairSpace_(pairSpace),
-          lowest_(lowestPosition) {}
+          lowest_(lowestPosition),
+          historyFromInput_(reinterpret_cast<uintptr_t>(s.history + histFill) - reinterpret_cast<uintptr_t>(src)) {}
 
     // Matches from `base` on; returns the first position not consumed.
     int run(int comprClass) {
@@ -138,21 +164,26 @@ private:
     // Enters q into the chains once: a position looked at ahead (lazy
     // matching) or again after a call stopped on a full pair list keeps its
     // first entry, so the chains never loop back onto themselves.
+    template <bool kSkips>
     void link(int q) {
         if (q < s_.linkedEnd) return;
-        linkPosition(s_, q, at(q));
+        linkPosition<kSkips>(s_, q, at(q));
         s_.linkedEnd = q + 1;
     }
     // link(q) for q from `from` to `to` - 1, in order: the inner positions
     // of a match, with the state's words read and written once.
+    template <bool kSkips>
     void linkRange(int from, int to) {
         int q = from > s_.linkedEnd ? from : s_.linkedEnd;
         if (q >= to) return;
         int32_t* const heads = s_.head;
         int32_t* const chain = s_.chain;
+        int32_t* const skip = s_.skip;
         for (const Vek8u* b = at(q); q < to; ++q, ++b) {
             const int h = tableHash(b);
-            chain[q & 0x7FFF] = heads[h];
+            const int32_t previous = heads[h];
+            chain[q & 0x7FFF] = previous;
+            if (kSkips) skip[q & 0x7FFF] = chain[previous & 0x7FFF];
             heads[h] = q;
         }
         s_.linkedEnd = to;
@@ -194,18 +225,103 @@ private:
     Walk walkFrom(int p, int start, int maxLen, int limit) const {
         return Walk{src_ + (p - base_), p, oldestCandidate(p), maxLen, limit, start, 0, deflate::kMinMatch - 1, {}};
     }
-    // Looks at the walk's current candidate and moves on; false once the
-    // walk is over.
-    bool step(Walk& w) const {
-        const int len = lengthIfLonger(at(w.c), w.cur, w.maxLen, w.bestLen);
+    // Looks at candidate c; false when it reaches the longest length the
+    // walk allows, which ends the walk.
+    bool look(Walk& w, int c) const {
+        const int len = lengthIfLonger(at(c), w.cur, w.maxLen, w.bestLen);
         if (len > w.bestLen) {
             w.bestLen = len;
-            w.best = {len, w.p - w.c};
+            w.best = {len, w.p - c};
             if (len >= w.maxLen) return false;
         }
         ++w.n;
+        return true;
+    }
+    // Looks at the walk's current candidate and moves on; false once the
+    // walk is over.
+    bool step(Walk& w) const {
+        if (!look(w, w.c)) return false;
         w.c = s_.chain[w.c & 0x7FFF];
         return w.live();
+    }
+    // The best class walks its chains in two parts.  The scan moves a walk
+    // on past every candidate that cannot beat its best: one that differs
+    // from the current bytes in the two bytes that end the best length,
+    // where a longer match must agree.  On text that turns away all but a
+    // few percent of the candidates, and the scan works on the few words it
+    // needs in locals, so its loop stays short; the candidate it stops at
+    // goes to step, which measures it as before.  The candidates, the count
+    // and the result are those of a walk by step alone.
+    //
+    // The scan follows the skip table: the candidate after next is loaded
+    // along with the next one, so a walk waits on one load per two
+    // candidates instead of two.  The chain's own entry is loaded too and
+    // only compared: a skip entry that no longer agrees with it (its slot
+    // reused, a history cut, positions never linked) gives way to the
+    // chain's, so the walk visits exactly the chain's candidates.
+    struct Scan {
+        int c, left;            // the next candidate, and how many the walk may still look at
+        unsigned oldest, span;  // c is in reach while c - oldest < span (unsigned)
+        uintptr_t ending;       // where the two bytes to test lie: ending + (q - base) in the input
+        uint16_t want;          // the current bytes there
+    };
+    Scan scanOf(const Walk& w) const {
+        uint16_t want;
+        memcpy(&want, w.cur + w.bestLen - 1, 2);
+        return Scan{w.c,
+                    w.limit - w.n,
+                    unsigned(w.oldest),
+                    unsigned(w.p - w.oldest),
+                    reinterpret_cast<uintptr_t>(src_) + uintptr_t(w.bestLen - 1),
+                    want};
+    }
+    static void putBack(Walk& w, const Scan& scan) {
+        w.c = scan.c;
+        w.n = w.limit - scan.left;
+    }
+    static bool inReach(const Scan& scan, int c) { return unsigned(c) - scan.oldest < scan.span; }
+    // Whether candidate c may beat the best: its two bytes that end the best length agree.
+    bool mayBeLonger(const Scan& scan, int c) const {
+        const uintptr_t offset = uintptr_t(intptr_t(c) - intptr_t(base_));
+        const uintptr_t inHistory = c < base_ ? historyFromInput_ : 0;
+        uint16_t got;
+        memcpy(&got, reinterpret_cast<const Vek8u*>(scan.ending + offset + inHistory), 2);
+        return got == scan.want;
+    }
+    // Moves the scan past up to two candidates; false when it stops: at a
+    // candidate that may be longer (scan.c), or at the walk's end.
+    bool skipTwo(Scan& scan) const {
+        const int c = scan.c;
+        const int32_t next = s_.chain[c & 0x7FFF], skipped = s_.skip[c & 0x7FFF];
+        if (mayBeLonger(scan, c)) return false;
+        --scan.left;
+        scan.c = next;
+        if (scan.left == 0 || !inReach(scan, next) || mayBeLonger(scan, next)) return false;
+        --scan.left;
+        const int32_t afterNext = s_.chain[next & 0x7FFF];
+        scan.c = checkedSkip(skipped, afterNext);
+        return scan.left != 0 && inReach(scan, scan.c);
+    }
+    // Walks w and v in step while both go on (onW and onV say whether they
+    // do, before and after): a chain walk waits on its loads, and two in
+    // step overlap theirs.
+    void walkInStep(Walk& w, bool& onW, Walk& v, bool& onV) const {
+        while (onW && onV) {
+            Scan a = scanOf(w), b = scanOf(v);
+            while (skipTwo(a) && skipTwo(b)) {}
+            putBack(w, a);
+            putBack(v, b);
+            onW = w.live() && step(w);
+            onV = v.live() && step(v);
+        }
+    }
+    void walkToEnd(Walk& w, bool& on) const {
+        while (on) {
+            Scan a = scanOf(w);
+            while (skipTwo(a)) {}
+            putBack(w, a);
+            on = w.live() && step(w);
+        }
     }
     // The best match at the already linked position p.
     Match search(int p, int maxLen, int limit) const {
@@ -230,13 +346,10 @@ private:
         Walk a = walkFrom(p, s_.chain[p & 0x7FFF], maxLength(p, 3), limit);
         Walk b = walkFrom(q, startQ, maxLength(q, 3), limit);
         bool onA = a.live(), onB = b.live();
-        while (onA && onB) {
-            onA = step(a);
-            onB = step(b);
-        }
-        while (onA) onA = step(a);
-        while (onB) onB = step(b);
-        link(q);
+        walkInStep(a, onA, b, onB);
+        walkToEnd(a, onA);
+        walkToEnd(b, onB);
+        link<true>(q);
         atP = a.best;
         atQ = b.best;
     }
@@ -373,11 +486,11 @@ private:
     // Default: greedy, the longest of up to 16 candidates.
     int runGreedy(int p) {
         for (; p < end_ - 2 && pairSpace_ > 0;) {
-            link(p);
+            link<false>(p);
             const Match m = search(p, maxLength(p, 2), 16);
             if (m.length >= deflate::kMinMatch) {
                 emitMatch(m.length, m.distance);
-                for (int q = p + 1; q < p + m.length; ++q) link(q);
+                for (int q = p + 1; q < p + m.length; ++q) link<false>(q);
                 p += m.length;
             } else {
                 emitLiteral(p++);
@@ -403,29 +516,26 @@ private:
         bool haveAhead = false, aheadOn = false;
         for (; p < end_ - 3 && pairSpace_ > 0;) {
             if (carried) {
-                link(p + 1);
+                link<true>(p + 1);
                 Walk w = haveAhead ? ahead : walkOf(p + 1, 512);
                 bool on = haveAhead ? aheadOn : w.live();
                 haveAhead = p + 1 < end_ - 3 && pairSpace_ > 1;  // p + 2 is searched if this step emits a literal
                 if (haveAhead) {
                     ahead = walkOf(p + 2, 512);
                     aheadOn = ahead.live();
-                    while (on && aheadOn) {
-                        on = step(w);
-                        aheadOn = step(ahead);
-                    }
+                    walkInStep(w, on, ahead, aheadOn);
                 }
-                while (on) on = step(w);
+                walkToEnd(w, on);
                 next = w.best;
             } else {
-                link(p);
+                link<true>(p);
                 searchWithNext(p, cur, next, 512);
             }
             const bool worthIt =
                 cur.length > deflate::kMinMatch || (cur.length == deflate::kMinMatch && cur.distance <= 4096);
             if (worthIt && cur.length >= next.length) {
                 emitMatch(cur.length, cur.distance);
-                linkRange(p + 2, p + cur.length);
+                linkRange<true>(p + 2, p + cur.length);
                 p += cur.length;
                 carried = false;
                 haveAhead = false;
@@ -444,6 +554,7 @@ private:
     Vek16u* pairs_;
     int pairSpace_, pairCount_ = 0;
     int lowest_;
+    uintptr_t historyFromInput_;  // added to an input address, the same offset in the history
 };
 
 // Keeps the consumed bytes as history: the newest 32768 positions at least,

@@ -77,6 +77,8 @@ VekStatus VEK_CALL veksEncodeLZ77Init_8u(int comprClass, int checksumKind, VekDe
     if (reinterpret_cast<uintptr_t>(pState) % alignof(DeflateState) != 0) return StatusBadArgument;
     DeflateState& s = *new (pState) DeflateState;
     for (int32_t& c : s.chain) c = deflate::kNoPosition;
+    if (comprClass == VekDeflateBest)
+        for (int32_t& c : s.skip) c = deflate::kNoPosition;
     restart(s);
     s.checksumKind = checksumKind;
     s.comprClass = comprClass == VekDeflateFast || comprClass == VekDeflateBest ? comprClass : VekDeflateDefault;
@@ -119,8 +121,10 @@ VekStatus VEK_CALL veksEncodeLZ77SetDictionary_8u(const Vek8u* pDict, int dictLe
     for (int i = 0; i + 2 < count; ++i) {
         if (s.comprClass == VekDeflateFast)
             s.head[rollingHash(s.history + i)] = i;
+        else if (s.comprClass == VekDeflateBest)
+            linkPosition<true>(s, i, s.history + i);
         else
-            linkPosition(s, i, s.history + i);
+            linkPosition<false>(s, i, s.history + i);
     }
     s.linkedEnd = count - 2;
     return StatusOk;

@@ -133,6 +133,15 @@ struct DeflateState {
 
     Vek8u history[kHistorySize];
     Pair pairStorage[kPairCapacity];
+
+    // The best class's skip table, private and after every field above: by
+    // position & 0x7FFF, the chain entry two steps back as it stood when
+    // the position was linked (chain[chain[q & 0x7FFF] & 0x7FFF]).  A chain
+    // walk follows it to halve its run of dependent loads, and checks every
+    // entry it takes against the chain (deflate_match.h), so a stale one
+    // costs time, never a different candidate.  Filled by Init for the best
+    // class only; the other classes never touch it.
+    int32_t skip[kWindowSize];
 };
 
 inline DeflateState* stateOf(VekDeflateState* p) { return reinterpret_cast<DeflateState*>(p); }
