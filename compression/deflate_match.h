@@ -225,22 +225,16 @@ private:
     Walk walkFrom(int p, int start, int maxLen, int limit) const {
         return Walk{src_ + (p - base_), p, oldestCandidate(p), maxLen, limit, start, 0, deflate::kMinMatch - 1, {}};
     }
-    // Looks at candidate c; false when it reaches the longest length the
-    // walk allows, which ends the walk.
-    bool look(Walk& w, int c) const {
-        const int len = lengthIfLonger(at(c), w.cur, w.maxLen, w.bestLen);
-        if (len > w.bestLen) {
-            w.bestLen = len;
-            w.best = {len, w.p - c};
-            if (len >= w.maxLen) return false;
-        }
-        ++w.n;
-        return true;
-    }
     // Looks at the walk's current candidate and moves on; false once the
     // walk is over.
     bool step(Walk& w) const {
-        if (!look(w, w.c)) return false;
+        const int len = lengthIfLonger(at(w.c), w.cur, w.maxLen, w.bestLen);
+        if (len > w.bestLen) {
+            w.bestLen = len;
+            w.best = {len, w.p - w.c};
+            if (len >= w.maxLen) return false;
+        }
+        ++w.n;
         w.c = s_.chain[w.c & 0x7FFF];
         return w.live();
     }
