@@ -78,7 +78,7 @@ VekStatus VEK_CALL veksEncodeLZ77Init_8u(int comprClass, int checksumKind, VekDe
     DeflateState& s = *new (pState) DeflateState;
     for (int32_t& c : s.chain) c = deflate::kNoPosition;
     if (comprClass == VekDeflateBest)
-        for (int32_t& c : s.skip) c = deflate::kNoPosition;
+        for (deflate::Skips& k : s.skips) k = {deflate::kNoPosition, deflate::kNoPosition};
     restart(s);
     s.checksumKind = checksumKind;
     s.comprClass = comprClass == VekDeflateFast || comprClass == VekDeflateBest ? comprClass : VekDeflateDefault;

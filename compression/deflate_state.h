@@ -37,6 +37,11 @@ struct Pair {
 };
 static_assert(sizeof(Pair) == 4, "a pair is two 16-bit words");
 
+// The best class's skip entries of a position (DeflateState::skips).
+struct Skips {
+    int32_t twoBack, fourBack;
+};
+
 // {symbol, frequency} entries of the block coders' frequency tables.
 struct SymbolCount {
     Vek32u symbol;
@@ -135,13 +140,13 @@ struct DeflateState {
     Pair pairStorage[kPairCapacity];
 
     // The best class's skip table, private and after every field above: by
-    // position & 0x7FFF, the chain entry two steps back as it stood when
-    // the position was linked (chain[chain[q & 0x7FFF] & 0x7FFF]).  A chain
-    // walk follows it to halve its run of dependent loads, and checks every
-    // entry it takes against the chain (deflate_match.h), so a stale one
-    // costs time, never a different candidate.  Filled by Init for the best
-    // class only; the other classes never touch it.
-    int32_t skip[kWindowSize];
+    // position & 0x7FFF, the chain entries two and four steps back as they
+    // stood when the position was linked.  A chain walk follows it to cut
+    // its run of dependent loads by four, and checks every entry it takes
+    // against the chain (deflate_match.h), so a stale one costs time, never
+    // a different candidate.  Filled by Init for the best class only; the
+    // other classes never touch it.
+    Skips skips[kWindowSize];
 };
 
 inline DeflateState* stateOf(VekDeflateState* p) { return reinterpret_cast<DeflateState*>(p); }

@@ -670,9 +670,9 @@ enum { VekDeflateFixedCodes = 0, VekDeflateDynamicCodes = 1 };
  * 1..32767} for a match.  Pair counts and capacities count pairs.
  *
  * The state is one block of veksEncodeLZ77GetSize_8u bytes that the caller
- * owns: about 711 KiB, of which the last 128 KiB is a private table that
+ * owns: about 840 KiB, of which the last 256 KiB is a private table that
  * only the best class uses (it lets the match finder follow its hash chains
- * two entries a load, with the same pairs; Init writes it for that class
+ * four entries a load, with the same pairs; Init writes it for that class
  * alone, so the other classes never touch those pages).
  * veksEncodeLZ77Init_8u prepares a caller block, which must be
  * aligned for a pointer (any malloc or veksMalloc_8u block is), else

@@ -617,7 +617,8 @@ TEST(DeflateMatch, BestClassSkipTableChangesNoPair) {
     for (int level : availableLevels()) {
         StateHolder plain(level, sc), scrambled(level, sc);
         EXPECT_TRUE(encodeOnce(level, plain.get(), first).pairs == encodeOnce(level, scrambled.get(), first).pairs);
-        for (int32_t& entry : scrambled.fields().skip) entry = int32_t(rng()() % 80000) - 5000;
+        for (vek::deflate::Skips& entry : scrambled.fields().skips)
+            entry = {int32_t(rng()() % 80000) - 5000, int32_t(rng()() % 80000) - 5000};
         EXPECT_TRUE(encodeOnce(level, plain.get(), second).pairs == encodeOnce(level, scrambled.get(), second).pairs)
             << "level " << level;
     }
