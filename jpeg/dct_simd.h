@@ -15,8 +15,9 @@
 // two pmuludq and a shuffle on SSE2.
 //
 // The float path uses the same layout with float lanes; the final
-// conversion rounds with cvtps2dq when MXCSR rounds to nearest, and
-// otherwise falls back to the scalar rule that ignores the mode.
+// conversion rounds to nearest with roundps from SSE4.1 (its mode written
+// in the instruction), on SSE2 with cvtps2dq when MXCSR rounds to nearest,
+// and otherwise falls back to the scalar rule that ignores the mode.
 #ifndef VEK_JPEG_DCT_SIMD_H
 #define VEK_JPEG_DCT_SIMD_H
 
@@ -90,11 +91,12 @@ inline void storeFloats(float* p, FloatLane a) { store(p, a.v); }
 inline Lane asLane(FloatLane a) { return {_mm256_castps_si256(a.v)}; }
 inline FloatLane asFloat(Lane a) { return {_mm256_castsi256_ps(a.v)}; }
 
-// Rounded to nearest under MXCSR, NaN to 0, clamped to [lo, hi].
+// Rounded to nearest (ties to even) by the mode written in the
+// instruction, NaN to 0, clamped to [lo, hi].
 inline Lane roundClamped(FloatLane x, float lo, float hi) {
     __m256 v = _mm256_and_ps(x.v, _mm256_cmp_ps(x.v, x.v, _CMP_ORD_Q));
     v = _mm256_min_ps(_mm256_max_ps(v, _mm256_set1_ps(lo)), _mm256_set1_ps(hi));
-    return {_mm256_cvtps_epi32(v)};
+    return {_mm256_cvttps_epi32(_mm256_round_ps(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC))};
 }
 #else
 struct Lane {
@@ -190,9 +192,15 @@ inline void storeFloats(float* p, FloatLane a) {
 inline Lane asLane(FloatLane a) { return {_mm_castps_si128(a.lo), _mm_castps_si128(a.hi)}; }
 inline FloatLane asFloat(Lane a) { return {_mm_castsi128_ps(a.lo), _mm_castsi128_ps(a.hi)}; }
 
+// Rounded to nearest (ties to even), NaN to 0, clamped to [lo, hi]: from
+// SSE4.1 by the mode written in the instruction, on SSE2 by MXCSR's.
 inline __m128i roundClamped(__m128 x, __m128 lo, __m128 hi) {
-    const __m128 v = _mm_and_ps(x, _mm_cmpord_ps(x, x));
-    return _mm_cvtps_epi32(_mm_min_ps(_mm_max_ps(v, lo), hi));
+    const __m128 v = _mm_min_ps(_mm_max_ps(_mm_and_ps(x, _mm_cmpord_ps(x, x)), lo), hi);
+#    ifdef __SSE4_1__
+    return _mm_cvttps_epi32(_mm_round_ps(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+#    else
+    return _mm_cvtps_epi32(v);
+#    endif
 }
 inline Lane roundClamped(FloatLane x, float lo, float hi) {
     const __m128 l = _mm_set1_ps(lo), h = _mm_set1_ps(hi);
@@ -207,7 +215,17 @@ inline void transposeFloats(FloatLane* x) {
     for (int k = 0; k < 8; ++k) x[k] = asFloat(bits[k]);
 }
 
-inline bool mxcsrRoundsToNearest() { return (_mm_getcsr() & _MM_ROUND_MASK) == _MM_ROUND_NEAREST; }
+// Whether roundClamped rounds to nearest: always from SSE4.1; on SSE2 when
+// MXCSR does.  SSE4.1 and up skip reading MXCSR: stmxcsr waits for every
+// float operation in flight, which keeps one block's transform from
+// overlapping the next one's.
+inline bool roundsToNearest() {
+#ifdef __SSE4_1__
+    return true;
+#else
+    return (_mm_getcsr() & _MM_ROUND_MASK) == _MM_ROUND_NEAREST;
+#endif
+}
 
 }  // namespace
 
@@ -350,7 +368,7 @@ inline void inverseTo2x2(const Vek16s* coef, Vek16s* out) {
         [](const Lane* x, Lane* y) { inverseTo2<true>(x, y); });
 }
 
-// Eight rounded values of a row: the vector rounding when MXCSR rounds to
+// Eight rounded values of a row: the vector rounding when it rounds to
 // nearest, the scalar rule that ignores the mode otherwise.
 inline __m128i roundedRow(FloatLane v, bool nearest, int32_t lo, int32_t hi) {
     if (nearest) return packSaturated(roundClamped(v, static_cast<float>(lo), static_cast<float>(hi)));
@@ -368,7 +386,7 @@ inline void forwardFloatBlock(const Vek16u* src, int srcStep, Vek16s* dst, const
     forwardFloat8(x);
     transposeFloats(x);
     forwardFloat8(x);
-    const bool nearest = mxcsrRoundsToNearest();
+    const bool nearest = roundsToNearest();
     for (int u = 0; u < 8; ++u) {
         const FloatLane v = (x[u] * loadFloats(kForwardPostScale + 8 * u)) * loadFloats(table + 8 * u);
         store(dst + 8 * u, roundedRow(v, nearest, -32768, 32767));
@@ -383,7 +401,7 @@ inline void inverseFloatBlock(const Vek16s* src, Vek16u* dst, int dstStep, const
     transposeFloats(x);
     inverseFloat8(x);
     transposeFloats(x);
-    const bool nearest = mxcsrRoundsToNearest();
+    const bool nearest = roundsToNearest();
     for (int r = 0; r < 8; ++r)
         store(jpeg::blockRow(dst, dstStep, r), roundedRow(x[r] + splatFloat(2048.0f), nearest, 0, 4095));
 }
