@@ -379,18 +379,42 @@ inline __m128i roundedRow(FloatLane v, bool nearest, int32_t lo, int32_t hi) {
     return load128i(r);
 }
 
+// The rows of coefficients rounded and saturated to 16 bits.  From AVX2
+// two rows a step: rounded to nearest by roundps, converted, packed with
+// signed saturation, which together equal clamping then rounding for every
+// value that converts (|v| < 2^31).  NaN and larger values convert to
+// INT_MIN; a block with such a lane goes through the clamping rows.
+inline void storeRoundedRows(const FloatLane* v, Vek16s* dst) {
+#ifdef __AVX2__
+    const __m256i invalid = _mm256_set1_epi32(INT32_MIN);
+    __m256i seen = _mm256_setzero_si256();
+    for (int u = 0; u < 8; u += 2) {
+        const __m256i a = _mm256_cvttps_epi32(_mm256_round_ps(v[u].v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+        const __m256i b =
+            _mm256_cvttps_epi32(_mm256_round_ps(v[u + 1].v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+        seen = _mm256_or_si256(seen, _mm256_or_si256(_mm256_cmpeq_epi32(a, invalid), _mm256_cmpeq_epi32(b, invalid)));
+        store(dst + 8 * u, _mm256_permute4x64_epi64(_mm256_packs_epi32(a, b), 0xD8));
+    }
+    if (_mm256_testz_si256(seen, seen)) return;
+#endif
+    const bool nearest = roundsToNearest();
+    for (int u = 0; u < 8; ++u) store(dst + 8 * u, roundedRow(v[u], nearest, -32768, 32767));
+}
+
+// Samples to coefficients.  The samples convert exactly, and the row pass
+// forms only sums and differences of them before its first product, all
+// exact (below 2^24): so the level shift, - 2048 on each sample, is exactly
+// - 8 * 2048 on the row's output 0 and nothing on the others.
 inline void forwardFloatBlock(const Vek16u* src, int srcStep, Vek16s* dst, const Vek32f* table) {
     FloatLane x[8];
-    for (int r = 0; r < 8; ++r) x[r] = toFloat(loadRow(jpeg::blockRow(src, srcStep, r))) - splatFloat(2048.0f);
+    for (int r = 0; r < 8; ++r) x[r] = toFloat(loadRow(jpeg::blockRow(src, srcStep, r)));
     transposeFloats(x);
     forwardFloat8(x);
+    x[0] = x[0] - splatFloat(8 * 2048.0f);
     transposeFloats(x);
     forwardFloat8(x);
-    const bool nearest = roundsToNearest();
-    for (int u = 0; u < 8; ++u) {
-        const FloatLane v = (x[u] * loadFloats(kForwardPostScale + 8 * u)) * loadFloats(table + 8 * u);
-        store(dst + 8 * u, roundedRow(v, nearest, -32768, 32767));
-    }
+    for (int u = 0; u < 8; ++u) x[u] = (x[u] * loadFloats(kForwardPostScale + 8 * u)) * loadFloats(table + 8 * u);
+    storeRoundedRows(x, dst);
 }
 
 inline void inverseFloatBlock(const Vek16s* src, Vek16u* dst, int dstStep, const Vek32f* table) {
