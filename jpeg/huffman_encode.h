@@ -250,12 +250,26 @@ VekStatus codeAcRefine(Sink& sink, const Vek16s* src, int ss, int se, int al, co
 
 // ---- encoding calls: stage, then commit ----------------------------------
 
+// n bytes from src to dst.  A block codes to a few bytes: up to 16 they
+// go as two fixed-size copies that may overlap, not a call of memcpy.
+inline void copyFew(Vek8u* dst, const Vek8u* src, int n) {
+    if (n >= 8 && n <= 16) {
+        memcpy(dst, src, 8);
+        memcpy(dst + n - 8, src + n - 8, 8);
+    } else if (n >= 4 && n < 8) {
+        memcpy(dst, src, 4);
+        memcpy(dst + n - 4, src + n - 4, 4);
+    } else {
+        memcpy(dst, src, static_cast<size_t>(n));
+    }
+}
+
 // Copies the staged bytes out and keeps the writer's pending bits.
 inline VekStatus commitBytes(EncodeSink& sink, Vek8u* dst, int dstLen, int* pos, EncodeState& st) {
     sink.writer_.settle();
     const int n = sink.bytes();
     if (n > dstLen - *pos) return StatusOutOfBuffer;
-    memcpy(dst + *pos, sink.stage_, static_cast<size_t>(n));
+    copyFew(dst + *pos, sink.stage_, n);
     *pos += n;
     st.bits = sink.writer_.pendingBits();
     st.count = sink.writer_.count();
