@@ -256,7 +256,7 @@ VEK_EXPORT(vekiQuantInv8x8_JPEG_16s_C1I,              plain, plain, sse2,  sse2,
 VEK_EXPORT(vekiDCTQuantFwd8x8_JPEG_16s_C1,            plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek16s* pSrc, Vek16s* pDst, const Vek16u* pQuantFwdTable))
 VEK_EXPORT(vekiDCTQuantFwd8x8_JPEG_16s_C1I,           plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (Vek16s* pSrcDst, const Vek16u* pQuantFwdTable))
 VEK_EXPORT(vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R,       plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* pDst, const Vek16u* pQuantFwdTable))
-VEK_EXPORT(vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R,      plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2,   VekStatus, (const Vek16u* pSrc, int srcStep, Vek16s* pDst, const Vek32f* pQuantFwdTable))
+VEK_EXPORT(vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R,      plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512,   VekStatus, (const Vek16u* pSrc, int srcStep, Vek16s* pDst, const Vek32f* pQuantFwdTable))
 VEK_EXPORT(vekiDCTQuantInv8x8_JPEG_16s_C1,            plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,   VekStatus, (const Vek16s* pSrc, Vek16s* pDst, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8_JPEG_16s_C1I,           plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,   VekStatus, (Vek16s* pSrcDst, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R,       plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,   VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))

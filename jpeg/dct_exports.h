@@ -120,13 +120,16 @@
     }
 
 // ---- the single-precision path for 12-bit samples ------------------------------
-#define VEK_JPEG_DCT_FLOAT_MEMBERS                                                                                  \
+// (the forward one alone is the AVX-512 level's member)
+#define VEK_JPEG_DCT_FORWARD_FLOAT_MEMBER                                                                           \
     VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R(const Vek16u* pSrc, int srcStep, Vek16s* pDst,          \
                                                             const Vek32f* pQuantFwdTable) {                         \
         if (const VekStatus status = jpeg::checkBlockStepTable(pSrc, pDst, srcStep, pQuantFwdTable)) return status; \
         forwardFloatBlock(pSrc, srcStep, pDst, pQuantFwdTable);                                                     \
         return StatusOk;                                                                                            \
-    }                                                                                                               \
+    }
+#define VEK_JPEG_DCT_FLOAT_MEMBERS                                                                                  \
+    VEK_JPEG_DCT_FORWARD_FLOAT_MEMBER                                                                               \
     VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R(const Vek16s* pSrc, Vek16u* pDst, int dstStep,          \
                                                             const Vek32f* pQuantInvTable) {                         \
         if (const VekStatus status = jpeg::checkBlockStepTable(pSrc, pDst, dstStep, pQuantInvTable)) return status; \

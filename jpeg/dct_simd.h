@@ -385,7 +385,18 @@ inline __m128i roundedRow(FloatLane v, bool nearest, int32_t lo, int32_t hi) {
 // value that converts (|v| < 2^31).  NaN and larger values convert to
 // INT_MIN; a block with such a lane goes through the clamping rows.
 inline void storeRoundedRows(const FloatLane* v, Vek16s* dst) {
-#ifdef __AVX2__
+#if defined(__AVX512F__)
+    // Two rows a 512-bit register, rounded by the conversion's own mode
+    // and narrowed with signed saturation.
+    __mmask16 seen = 0;
+    for (int u = 0; u < 8; u += 2) {
+        const __m512 rows = _mm512_insertf32x8(_mm512_castps256_ps512(v[u].v), v[u + 1].v, 1);
+        const __m512i r = _mm512_cvt_roundps_epi32(rows, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+        seen |= _mm512_cmpeq_epi32_mask(r, _mm512_set1_epi32(INT32_MIN));
+        store(dst + 8 * u, _mm512_cvtsepi32_epi16(r));
+    }
+    if (!seen) return;
+#elif defined(__AVX2__)
     const __m256i invalid = _mm256_set1_epi32(INT32_MIN);
     __m256i seen = _mm256_setzero_si256();
     for (int u = 0; u < 8; u += 2) {
