@@ -5,6 +5,7 @@
 // the float path, the scaled-down inverses), worked examples, and the
 // entry checks on every level.
 #include <algorithm>
+#include <cfenv>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -411,6 +412,37 @@ TEST(JpegDct, FloatPathFollowsTheReference) {
                 ASSERT_LE(std::fabs(back[i] - std::min(4095.0, std::max(0.0, spatial[i] + 2048))), 0.5 + 1e-3) << i;
         }
     });
+}
+
+// Under each rounding mode of the caller (x87 and SSE alike) the float path
+// gives level 0's bits at every level: the arithmetic follows the mode the
+// same way everywhere, and the final rounding to nearest ignores it.
+TEST(JpegDct, FloatPathAgreesUnderTheCallersRoundingMode) {
+    const int saved = fegetround();
+    for (int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+        for (int n = 0; n < rounds(20); ++n) {
+            const std::vector<Vek32f> table = randomFloatTable();
+            Vek16u samples[64];
+            Vek16s coef[64], want[64], got[64];
+            for (int i = 0; i < 64; ++i) {
+                samples[i] = Vek16u(rng()() % 4096);
+                coef[i] = Vek16s(int(rng()() % 201) - 100);
+            }
+            Vek16u wantBack[64], gotBack[64];
+            ASSERT_EQ(fesetround(mode), 0);
+            vekTable_vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R[0](samples, 16, want, table.data());
+            vekTable_vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R[0](coef, wantBack, 16, table.data());
+            fesetround(saved);
+            onEveryLevel([&](int level) {
+                ASSERT_EQ(fesetround(mode), 0);
+                vekTable_vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R[level](samples, 16, got, table.data());
+                vekTable_vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R[level](coef, gotBack, 16, table.data());
+                fesetround(saved);
+                ASSERT_TRUE(std::equal(want, want + 64, got)) << "forward, mode " << mode;
+                ASSERT_TRUE(std::equal(wantBack, wantBack + 64, gotBack)) << "inverse, mode " << mode;
+            });
+        }
+    }
 }
 
 // Scaled-down decoding gives the means of the groups of the exact inverse,
