@@ -1,4 +1,5 @@
-// JPEG DCT kernels for the vector levels (SSE2, SSE4.1, AVX2).
+// JPEG DCT kernels for the vector levels (SSE2, SSE4.1, AVX2, and the
+// AVX-512 level's float forward transform).
 //
 // Included by each level's translation unit inside its namespace, after the
 // intrinsics headers; everything has internal linkage, so each level gets
