@@ -4,12 +4,13 @@
 // (and libjpeg-turbo's) samples bit for bit.  Every other level must match
 // these results on every input.
 //
-// Widths: the dequantised coefficients, the sums of two 16-bit values that
-// feed a product (in0 +- in4, in7 + in3, in5 + in1) and pass 1's outputs
-// are 16 bits, saturated; the products and the sums after them are exact in
-// 32 bits (the largest, |tmp11 + tmp2| with the rounding term, stays below
-// 2^15 * 64600 < 2^31).  libjpeg's vector decoders keep the same 16-bit
-// values; on coefficients a real image gives, nothing saturates.
+// Widths: the dequantised coefficients and each pass's results are 16 bits,
+// saturated; between them every product and sum is exact in 32 bits (no
+// value of the flow below, in any order, reaches 2^31 from 16-bit inputs:
+// the largest, pass 2's y1 and y6 with the rounding term, stay below
+// 2^15 * 61240).  On the coefficients a real image gives nothing saturates,
+// and libjpeg's scalar code (32-bit sums) and vector code (16-bit sums of
+// inputs) give these results.
 #include <stddef.h>
 #include <stdint.h>
 #include <string.h>
@@ -25,32 +26,29 @@ inline int32_t saturate16(int32_t v) { return v < -32768 ? -32768 : (v > 32767 ?
 
 // One 1-D inverse over eight 16-bit values x[0], x[stride], ...; the results,
 // descaled by Shift bits with rounding and saturated to 16 bits, replace
-// them.  The rotations are written with their factors merged in pairs
-// (round(c * 2^13) each), as the vector levels multiply pairs of 16-bit
-// values: the integers are those of the textbook flow.
+// them.  The factors are round(c * 2^13).
 template <int Shift>
 void inverseLlm8(int32_t* x, int stride) {
     const int32_t in0 = x[0], in1 = x[stride], in2 = x[2 * stride], in3 = x[3 * stride];
     const int32_t in4 = x[4 * stride], in5 = x[5 * stride], in6 = x[6 * stride], in7 = x[7 * stride];
-    // Even part: the rotation of (in2, in6) by 0.541196100, -1.847759065 and
-    // 0.765366865, the DC and in4 scaled up by 2^13.
-    const int32_t even3 = in2 * 10703 + in6 * 4433;   // 0.541 + 0.765, 0.541
-    const int32_t even2 = in2 * 4433 + in6 * -10704;  // 0.541, 0.541 - 1.848
+    // Even part: (in2, in6) rotated, in0 +- in4 scaled up by 2^13.
+    const int32_t z1 = (in2 + in6) * 4433;    // 0.541196100
+    const int32_t even2 = z1 + in6 * -15137;  // -1.847759065
+    const int32_t even3 = z1 + in2 * 6270;    // 0.765366865
     const int32_t round = 1 << (Shift - 1);
-    const int32_t even0 = saturate16(in0 + in4) * 8192 + round;
-    const int32_t even1 = saturate16(in0 - in4) * 8192 + round;
+    const int32_t even0 = (in0 + in4) * 8192 + round, even1 = (in0 - in4) * 8192 + round;
     const int32_t tmp10 = even0 + even3, tmp13 = even0 - even3;
     const int32_t tmp11 = even1 + even2, tmp12 = even1 - even2;
-    // Odd part: z3 = in7 + in3 and z4 = in5 + in1 rotated together by
-    // 1.175875602 less 1.961570560 and 0.390180644, then the pairs (in7, in1)
-    // and (in5, in3).
-    const int32_t z3 = saturate16(in7 + in3), z4 = saturate16(in5 + in1);
-    const int32_t r3 = z3 * -6436 + z4 * 9633;             // 1.176 - 1.962, 1.176
-    const int32_t r4 = z3 * 9633 + z4 * 6437;              // 1.176, 1.176 - 0.390
-    const int32_t odd0 = in7 * -4927 + in1 * -7373 + r3;   // 0.299 - 0.900, -0.900
-    const int32_t odd3 = in7 * -7373 + in1 * 4926 + r4;    // -0.900, 1.501 - 0.900
-    const int32_t odd1 = in5 * -4176 + in3 * -20995 + r4;  // 2.053 - 2.563, -2.563
-    const int32_t odd2 = in5 * -20995 + in3 * 4177 + r3;   // -2.563, 3.073 - 2.563
+    // Odd part: in7, in5, in3, in1 through the four-way butterfly.
+    const int32_t z5 = (in7 + in3 + in5 + in1) * 9633;  // 1.175875602
+    const int32_t s1 = (in7 + in1) * -7373;             // -0.899976223
+    const int32_t s2 = (in5 + in3) * -20995;            // -2.562915447
+    const int32_t s3 = (in7 + in3) * -16069 + z5;       // -1.961570560
+    const int32_t s4 = (in5 + in1) * -3196 + z5;        // -0.390180644
+    const int32_t odd0 = in7 * 2446 + (s1 + s3);        // 0.298631336
+    const int32_t odd1 = in5 * 16819 + (s2 + s4);       // 2.053119869
+    const int32_t odd2 = in3 * 25172 + (s2 + s3);       // 3.072711026
+    const int32_t odd3 = in1 * 12299 + (s1 + s4);       // 1.501321110
     x[0] = saturate16((tmp10 + odd3) >> Shift);
     x[7 * stride] = saturate16((tmp10 - odd3) >> Shift);
     x[stride] = saturate16((tmp11 + odd2) >> Shift);
