@@ -960,29 +960,29 @@ VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(const Vek16s* pSr
  * decoders included) bit for bit; same checks, in the same order, as
  * vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R.  Dequantisation: coef * table (table
  * read as signed), saturated to 16 bits.  Pass 1 down each column, then
- * pass 2 along each row of pass 1's results, the same 1-D flow with
- * F(c) = round(c * 8192):
- *   e3 = x2 * F(0.541196100 + 0.765366865) + x6 * F(0.541196100),
- *   e2 = x2 * F(0.541196100) + x6 * F(0.541196100 - 1.847759065),
- *   e0 = sat16(x0 + x4) * 8192 + R, e1 = sat16(x0 - x4) * 8192 + R,
+ * pass 2 along each row of pass 1's results, the same 1-D flow on inputs
+ * x0..x7 with F(c) = round(c * 8192):
+ *   z1 = (x2 + x6) * F(0.541196100), e2 = z1 - x6 * F(1.847759065),
+ *   e3 = z1 + x2 * F(0.765366865), e0 = (x0 + x4) * 8192 + R,
+ *   e1 = (x0 - x4) * 8192 + R;
  *   t10 = e0 + e3, t13 = e0 - e3, t11 = e1 + e2, t12 = e1 - e2;
- *   z3 = sat16(x7 + x3), z4 = sat16(x5 + x1),
- *   r3 = z3 * F(1.175875602 - 1.961570560) + z4 * F(1.175875602),
- *   r4 = z3 * F(1.175875602) + z4 * F(1.175875602 - 0.390180644),
- *   o0 = x7 * F(0.298631336 - 0.899976223) + x1 * -F(0.899976223) + r3,
- *   o3 = x7 * -F(0.899976223) + x1 * F(1.501321110 - 0.899976223) + r4,
- *   o1 = x5 * F(2.053119869 - 2.562915447) + x3 * -F(2.562915447) + r4,
- *   o2 = x5 * -F(2.562915447) + x3 * F(3.072711026 - 2.562915447) + r3;
+ *   z5 = (x7 + x3 + x5 + x1) * F(1.175875602),
+ *   s1 = -(x7 + x1) * F(0.899976223), s2 = -(x5 + x3) * F(2.562915447),
+ *   s3 = z5 - (x7 + x3) * F(1.961570560), s4 = z5 - (x5 + x1) * F(0.390180644);
+ *   o0 = x7 * F(0.298631336) + s1 + s3, o1 = x5 * F(2.053119869) + s2 + s4,
+ *   o2 = x3 * F(3.072711026) + s2 + s3, o3 = x1 * F(1.501321110) + s1 + s4;
  *   y0 = t10 + o3, y7 = t10 - o3, y1 = t11 + o2, y6 = t11 - o2,
  *   y2 = t12 + o1, y5 = t12 - o1, y3 = t13 + o0, y4 = t13 - o0,
  * each shifted right (arithmetic) by S and saturated to 16 bits; pass 1 has
- * S = 11, pass 2 S = 18, R = 1 << (S - 1).  The factor pairs are
- * (10703, 4433), (4433, -10704), (-6436, 9633), (9633, 6437), (-4927,
- * -7373), (-7373, 4926), (-4176, -20995), (-20995, 4177).  Products and
- * sums are exact in 32 bits (no value reaches 2^31).  The sample is pass 2's
- * result clamped to -128..127, plus 128.  Left to us, where libjpeg's vector
- * code wraps 16-bit values (the dequantised coefficients and the sums
- * marked sat16, beyond what a real image's coefficients reach), we saturate. */
+ * S = 11, pass 2 S = 18, R = 1 << (S - 1).  The factors are 4433, 15137,
+ * 6270, 9633, 7373, 20995, 16069, 3196, 2446, 16819, 25172, 12299.  All
+ * sums and products are exact integers (none reaches 2^31 from 16-bit
+ * inputs).  The sample is pass 2's result clamped to -128..127, plus 128.
+ * Left to us, beyond what a real image's coefficients reach: libjpeg's
+ * vector code wraps the dequantised values and some 16-bit sums (x0 + x4,
+ * x7 + x3, ...), its scalar code keeps pass 1's results in 32 bits; here the
+ * dequantised values and each pass's results saturate to 16 bits and the
+ * rest is exact. */
 VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
                                                                    const Vek16u* pQuantInvTable);
 /* The 12-bit path: (float(coef) * table) * pre-scale a_u a_v / 8 (0.125

@@ -441,6 +441,24 @@ TEST(JpegDct, LlmInverseFollowsTheExactInverse) {
     EXPECT_LE(stats.overallMean(), 0.0015);
 }
 
+// Extreme blocks (every value -32768 or 32767, so sums peak and passes
+// saturate) give level 0's samples at every level.
+TEST(JpegDct, LlmInverseAgreesOnExtremeBlocks) {
+    Vek16u ones[64];
+    for (Vek16u& q : ones) q = 1;
+    for (int n = 0; n < rounds(200); ++n) {
+        Vek16s in[64];
+        for (Vek16s& x : in) x = rng()() % 2 ? 32767 : -32768;
+        Vek8u want[64];
+        ASSERT_EQ(vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R[0](in, want, 8, ones), StatusOk);
+        onEveryLevel([&](int level) {
+            Vek8u got[64];
+            ASSERT_EQ(vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R[level](in, got, 8, ones), StatusOk);
+            ASSERT_EQ(0, memcmp(got, want, 64));
+        });
+    }
+}
+
 #ifdef VEK_HAVE_LIBJPEG
 // Grey files of libjpeg-turbo (the photograph and noise, which fills every
 // coefficient, at qualities from 10 to 100), decoded by it and by the
