@@ -242,8 +242,8 @@ VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, p
 // lanes, one row a register).  At AVX-512 the forward transforms hold two
 // of a pass's eight inputs a register; the inverses gain nothing over AVX2
 // on one 8x8 block.  The libjpeg-compatible inverse (LLM) multiplies pairs
-// of 16-bit values with pmaddwd from SSE2; AVX2 holds a pass's 32-bit sums
-// in one register.  The float path needs SSE2 to reach integers.  The
+// of 16-bit values with pmaddwd from SSE2; AVX2 holds two of a pass's
+// inputs and all eight lanes of its sums a register.  The float path needs SSE2 to reach integers.  The
 // tables and the DC-only inverse are scalar work.
 VEK_EXPORT(vekiDCT8x8Fwd_16s_C1R,                     plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDst))
 VEK_EXPORT(vekiDCT8x8Fwd_8u16s_C1R,                   plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* pDst))
