@@ -119,6 +119,17 @@
         return StatusOk;                                                                                            \
     }
 
+// ---- the accurate integer inverse of the libjpeg decoders ----------------------
+// inverseLlmBlock(coef, invTable, dst, dstStep): dequantise, the inverse,
+// +128 and the clamp, straight to the samples.
+#define VEK_JPEG_IDCT_LLM_MEMBERS                                                                                   \
+    VekStatus VEK_CALL vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,        \
+                                                               const Vek16u* pQuantInvTable) {                      \
+        if (const VekStatus status = jpeg::checkBlockStepTable(pSrc, pDst, dstStep, pQuantInvTable)) return status; \
+        inverseLlmBlock(pSrc, pQuantInvTable, pDst, dstStep);                                                       \
+        return StatusOk;                                                                                            \
+    }
+
 // ---- the single-precision path for 12-bit samples ------------------------------
 // (the forward one alone is the AVX-512 level's member)
 #define VEK_JPEG_DCT_FORWARD_FLOAT_MEMBER                                                                           \

@@ -230,7 +230,7 @@ void inverseBlocks(const Component& c, const Vek16u* quant, const Plane& p, int 
             const Vek16s* b = c.block(bx, by);
             uint8_t* dst = row + bx * p.scaled;
             switch (p.scaled) {
-            case 8: vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
+            case 8: vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R(b, dst, step, quant); break;
             case 4: vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
             case 2: vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
             default:
