@@ -47,9 +47,9 @@ struct Codec {
             const int step = c.blocksWide * 8;
             for (int by = 0; by < c.usedHigh; ++by)
                 for (int bx = 0; bx < c.usedWide; ++bx)
-                    vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(c.block(bx, by),
-                                                        &plane[size_t(by) * 8 * size_t(step) + size_t(bx) * 8], step,
-                                                        img.quant[c.quantTable]);
+                    vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R(c.block(bx, by),
+                                                            &plane[size_t(by) * 8 * size_t(step) + size_t(bx) * 8],
+                                                            step, img.quant[c.quantTable]);
         }
     }
 };

@@ -68,6 +68,9 @@ VEK_BENCH_FAMILY(jpeg_dct) {
     cases.push_back(blockCase("vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R", 128 + 64, [out, &d](int l) {
         vekTable_vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R[l](d.coefficients, out->samples, 8, d.invTable);
     }));
+    cases.push_back(blockCase("vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R", 128 + 64, [out, &d](int l) {
+        vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R[l](d.coefficients, out->samples, 8, d.invTable);
+    }));
     cases.push_back(blockCase("vekiDCT8x8Fwd_16s_C1R", 256,
                               [out, &d](int l) { vekTable_vekiDCT8x8Fwd_16s_C1R[l](d.levelShifted, 16, out->coef); }));
     cases.push_back(blockCase("vekiDCT8x8Inv_16s_C1R", 256,

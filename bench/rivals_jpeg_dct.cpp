@@ -57,6 +57,10 @@ VEK_BENCH_RIVAL(idctIslow, "vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R", "libjpeg-turbo
     static Idct idct;
     idct.run();
 });
+VEK_BENCH_RIVAL(idctIslowLlm, "vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R", "libjpeg-turbo C", [] {
+    static Idct idct;
+    idct.run();
+});
 
 }  // namespace
 }  // namespace vekbench

@@ -241,7 +241,9 @@ VEK_EXPORT(veksEncodeLZ77Flush_8u,          plain, plain, plain, plain, plain, p
 // SSE2 (products emulated with pmuludq), SSE4.1 (pmulld) and AVX2 (eight
 // lanes, one row a register).  At AVX-512 the forward transforms hold two
 // of a pass's eight inputs a register; the inverses gain nothing over AVX2
-// on one 8x8 block.  The float path needs SSE2 to reach integers.  The
+// on one 8x8 block.  The libjpeg-compatible inverse (LLM) multiplies pairs
+// of 16-bit values with pmaddwd from SSE2; AVX2 holds two of a pass's
+// inputs and all eight lanes of its sums a register.  The float path needs SSE2 to reach integers.  The
 // tables and the DC-only inverse are scalar work.
 VEK_EXPORT(vekiDCT8x8Fwd_16s_C1R,                     plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek16s* pSrc, int srcStep, Vek16s* pDst))
 VEK_EXPORT(vekiDCT8x8Fwd_8u16s_C1R,                   plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* pDst))
@@ -256,10 +258,11 @@ VEK_EXPORT(vekiQuantInv8x8_JPEG_16s_C1I,              plain, plain, sse2,  sse2,
 VEK_EXPORT(vekiDCTQuantFwd8x8_JPEG_16s_C1,            plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek16s* pSrc, Vek16s* pDst, const Vek16u* pQuantFwdTable))
 VEK_EXPORT(vekiDCTQuantFwd8x8_JPEG_16s_C1I,           plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (Vek16s* pSrcDst, const Vek16u* pQuantFwdTable))
 VEK_EXPORT(vekiDCTQuantFwd8x8LS_JPEG_8u16s_C1R,       plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx512, VekStatus, (const Vek8u* pSrc, int srcStep, Vek16s* pDst, const Vek16u* pQuantFwdTable))
-VEK_EXPORT(vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R,      plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2,   VekStatus, (const Vek16u* pSrc, int srcStep, Vek16s* pDst, const Vek32f* pQuantFwdTable))
+VEK_EXPORT(vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R,      plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx512, VekStatus, (const Vek16u* pSrc, int srcStep, Vek16s* pDst, const Vek32f* pQuantFwdTable))
 VEK_EXPORT(vekiDCTQuantInv8x8_JPEG_16s_C1,            plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,   VekStatus, (const Vek16s* pSrc, Vek16s* pDst, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8_JPEG_16s_C1I,           plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,   VekStatus, (Vek16s* pSrcDst, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R,       plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,   VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
+VEK_EXPORT(vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R,   plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2,   VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R,      plain, plain, sse2,  sse2,  sse2,  sse2,  avx2,  avx2,   VekStatus, (const Vek16s* pSrc, Vek16u* pDst, int dstStep, const Vek32f* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8LS_1x1_JPEG_16s8u_C1R,   plain, plain, plain, plain, plain, plain, plain, plain,  VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))
 VEK_EXPORT(vekiDCTQuantInv8x8LS_2x2_JPEG_16s8u_C1R,   plain, plain, sse2,  sse2,  sse2,  sse41, avx2,  avx2,   VekStatus, (const Vek16s* pSrc, Vek8u* pDst, int dstStep, const Vek16u* pQuantInvTable))

@@ -958,6 +958,37 @@ VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8_JPEG_16s_C1I(Vek16s* pSrcDst, cons
 /* Dequantisation, inverse DCT, + 128 and clamp to 0..255: a decoder's block. */
 VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
                                                                const Vek16u* pQuantInvTable);
+/* The accurate integer inverse of the libjpeg decoders (Loeffler-Ligtenberg-
+ * Moschytz, 13-bit constants, 2 extra bits between the passes), so that a
+ * decoder's samples equal libjpeg's and libjpeg-turbo's (its vector
+ * decoders included) bit for bit; same checks, in the same order, as
+ * vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R.  Dequantisation: coef * table (table
+ * read as signed), saturated to 16 bits.  Pass 1 down each column, then
+ * pass 2 along each row of pass 1's results, the same 1-D flow on inputs
+ * x0..x7 with F(c) = round(c * 8192):
+ *   z1 = (x2 + x6) * F(0.541196100), e2 = z1 - x6 * F(1.847759065),
+ *   e3 = z1 + x2 * F(0.765366865), e0 = (x0 + x4) * 8192 + R,
+ *   e1 = (x0 - x4) * 8192 + R;
+ *   t10 = e0 + e3, t13 = e0 - e3, t11 = e1 + e2, t12 = e1 - e2;
+ *   z5 = (x7 + x3 + x5 + x1) * F(1.175875602),
+ *   s1 = -(x7 + x1) * F(0.899976223), s2 = -(x5 + x3) * F(2.562915447),
+ *   s3 = z5 - (x7 + x3) * F(1.961570560), s4 = z5 - (x5 + x1) * F(0.390180644);
+ *   o0 = x7 * F(0.298631336) + s1 + s3, o1 = x5 * F(2.053119869) + s2 + s4,
+ *   o2 = x3 * F(3.072711026) + s2 + s3, o3 = x1 * F(1.501321110) + s1 + s4;
+ *   y0 = t10 + o3, y7 = t10 - o3, y1 = t11 + o2, y6 = t11 - o2,
+ *   y2 = t12 + o1, y5 = t12 - o1, y3 = t13 + o0, y4 = t13 - o0,
+ * each shifted right (arithmetic) by S and saturated to 16 bits; pass 1 has
+ * S = 11, pass 2 S = 18, R = 1 << (S - 1).  The factors are 4433, 15137,
+ * 6270, 9633, 7373, 20995, 16069, 3196, 2446, 16819, 25172, 12299.  All
+ * sums and products are exact integers (none reaches 2^31 from 16-bit
+ * inputs).  The sample is pass 2's result clamped to -128..127, plus 128.
+ * Left to us, beyond what a real image's coefficients reach: libjpeg's
+ * vector code wraps the dequantised values and some 16-bit sums (x0 + x4,
+ * x7 + x3, ...), its scalar code keeps pass 1's results in 32 bits; here the
+ * dequantised values and each pass's results saturate to 16 bits and the
+ * rest is exact. */
+VEK_API VekStatus VEK_CALL vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,
+                                                                   const Vek16u* pQuantInvTable);
 /* The 12-bit path: (float(coef) * table) * pre-scale a_u a_v / 8 (0.125
  * at DC, 0.173379987 at (0,1)), the Arai-Agui-Nakajima scaled inverse DCT
  * over the columns then the rows, + 2048.0, rounded to nearest (halves to

@@ -16,8 +16,10 @@
 
 namespace vek::avx2 {
 #include "jpeg/dct_simd.h"
+#include "jpeg/idct_llm_simd.h"
 
 VEK_JPEG_DCT_INTEGER_MEMBERS
+VEK_JPEG_IDCT_LLM_MEMBERS
 VEK_JPEG_DCT_REDUCED_MEMBERS
 VEK_JPEG_DCT_FLOAT_MEMBERS
 }  // namespace vek::avx2

@@ -1,7 +1,8 @@
 // JPEG DCT, the AVX-512 level: the forward integer DCTs with two of a
 // pass's eight inputs a 512-bit register (dct_pairs.h), which halves the
 // work of the butterflies and makes each transpose two rounds of
-// two-source permutes.  The other members stay with the AVX2 level, which
+// two-source permutes.  The forward float transform of this level is in
+// dct_float_avx512.cpp; the other members stay with the AVX2 level, which
 // gains nothing from wider registers there.
 #include <immintrin.h>
 #include <stddef.h>

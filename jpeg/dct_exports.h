@@ -119,14 +119,28 @@
         return StatusOk;                                                                                            \
     }
 
+// ---- the accurate integer inverse of the libjpeg decoders ----------------------
+// inverseLlmBlock(coef, invTable, dst, dstStep): dequantise, the inverse,
+// +128 and the clamp, straight to the samples.
+#define VEK_JPEG_IDCT_LLM_MEMBERS                                                                                   \
+    VekStatus VEK_CALL vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R(const Vek16s* pSrc, Vek8u* pDst, int dstStep,        \
+                                                               const Vek16u* pQuantInvTable) {                      \
+        if (const VekStatus status = jpeg::checkBlockStepTable(pSrc, pDst, dstStep, pQuantInvTable)) return status; \
+        inverseLlmBlock(pSrc, pQuantInvTable, pDst, dstStep);                                                       \
+        return StatusOk;                                                                                            \
+    }
+
 // ---- the single-precision path for 12-bit samples ------------------------------
-#define VEK_JPEG_DCT_FLOAT_MEMBERS                                                                                  \
+// (the forward one alone is the AVX-512 level's member)
+#define VEK_JPEG_DCT_FORWARD_FLOAT_MEMBER                                                                           \
     VekStatus VEK_CALL vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R(const Vek16u* pSrc, int srcStep, Vek16s* pDst,          \
                                                             const Vek32f* pQuantFwdTable) {                         \
         if (const VekStatus status = jpeg::checkBlockStepTable(pSrc, pDst, srcStep, pQuantFwdTable)) return status; \
         forwardFloatBlock(pSrc, srcStep, pDst, pQuantFwdTable);                                                     \
         return StatusOk;                                                                                            \
-    }                                                                                                               \
+    }
+#define VEK_JPEG_DCT_FLOAT_MEMBERS                                                                                  \
+    VEK_JPEG_DCT_FORWARD_FLOAT_MEMBER                                                                               \
     VekStatus VEK_CALL vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R(const Vek16s* pSrc, Vek16u* pDst, int dstStep,          \
                                                             const Vek32f* pQuantInvTable) {                         \
         if (const VekStatus status = jpeg::checkBlockStepTable(pSrc, pDst, dstStep, pQuantInvTable)) return status; \

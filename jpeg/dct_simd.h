@@ -1,4 +1,5 @@
-// JPEG DCT kernels for the vector levels (SSE2, SSE4.1, AVX2).
+// JPEG DCT kernels for the vector levels (SSE2, SSE4.1, AVX2, and the
+// AVX-512 level's float forward transform).
 //
 // Included by each level's translation unit inside its namespace, after the
 // intrinsics headers; everything has internal linkage, so each level gets
@@ -15,8 +16,9 @@
 // two pmuludq and a shuffle on SSE2.
 //
 // The float path uses the same layout with float lanes; the final
-// conversion rounds with cvtps2dq when MXCSR rounds to nearest, and
-// otherwise falls back to the scalar rule that ignores the mode.
+// conversion rounds to nearest with roundps from SSE4.1 (its mode written
+// in the instruction), on SSE2 with cvtps2dq when MXCSR rounds to nearest,
+// and otherwise falls back to the scalar rule that ignores the mode.
 #ifndef VEK_JPEG_DCT_SIMD_H
 #define VEK_JPEG_DCT_SIMD_H
 
@@ -90,11 +92,12 @@ inline void storeFloats(float* p, FloatLane a) { store(p, a.v); }
 inline Lane asLane(FloatLane a) { return {_mm256_castps_si256(a.v)}; }
 inline FloatLane asFloat(Lane a) { return {_mm256_castsi256_ps(a.v)}; }
 
-// Rounded to nearest under MXCSR, NaN to 0, clamped to [lo, hi].
+// Rounded to nearest (ties to even) by the mode written in the
+// instruction, NaN to 0, clamped to [lo, hi].
 inline Lane roundClamped(FloatLane x, float lo, float hi) {
     __m256 v = _mm256_and_ps(x.v, _mm256_cmp_ps(x.v, x.v, _CMP_ORD_Q));
     v = _mm256_min_ps(_mm256_max_ps(v, _mm256_set1_ps(lo)), _mm256_set1_ps(hi));
-    return {_mm256_cvtps_epi32(v)};
+    return {_mm256_cvttps_epi32(_mm256_round_ps(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC))};
 }
 #else
 struct Lane {
@@ -190,9 +193,15 @@ inline void storeFloats(float* p, FloatLane a) {
 inline Lane asLane(FloatLane a) { return {_mm_castps_si128(a.lo), _mm_castps_si128(a.hi)}; }
 inline FloatLane asFloat(Lane a) { return {_mm_castsi128_ps(a.lo), _mm_castsi128_ps(a.hi)}; }
 
+// Rounded to nearest (ties to even), NaN to 0, clamped to [lo, hi]: from
+// SSE4.1 by the mode written in the instruction, on SSE2 by MXCSR's.
 inline __m128i roundClamped(__m128 x, __m128 lo, __m128 hi) {
-    const __m128 v = _mm_and_ps(x, _mm_cmpord_ps(x, x));
-    return _mm_cvtps_epi32(_mm_min_ps(_mm_max_ps(v, lo), hi));
+    const __m128 v = _mm_min_ps(_mm_max_ps(_mm_and_ps(x, _mm_cmpord_ps(x, x)), lo), hi);
+#    ifdef __SSE4_1__
+    return _mm_cvttps_epi32(_mm_round_ps(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+#    else
+    return _mm_cvtps_epi32(v);
+#    endif
 }
 inline Lane roundClamped(FloatLane x, float lo, float hi) {
     const __m128 l = _mm_set1_ps(lo), h = _mm_set1_ps(hi);
@@ -207,7 +216,17 @@ inline void transposeFloats(FloatLane* x) {
     for (int k = 0; k < 8; ++k) x[k] = asFloat(bits[k]);
 }
 
-inline bool mxcsrRoundsToNearest() { return (_mm_getcsr() & _MM_ROUND_MASK) == _MM_ROUND_NEAREST; }
+// Whether roundClamped rounds to nearest: always from SSE4.1; on SSE2 when
+// MXCSR does.  SSE4.1 and up skip reading MXCSR: stmxcsr waits for every
+// float operation in flight, which keeps one block's transform from
+// overlapping the next one's.
+inline bool roundsToNearest() {
+#ifdef __SSE4_1__
+    return true;
+#else
+    return (_mm_getcsr() & _MM_ROUND_MASK) == _MM_ROUND_NEAREST;
+#endif
+}
 
 }  // namespace
 
@@ -350,7 +369,7 @@ inline void inverseTo2x2(const Vek16s* coef, Vek16s* out) {
         [](const Lane* x, Lane* y) { inverseTo2<true>(x, y); });
 }
 
-// Eight rounded values of a row: the vector rounding when MXCSR rounds to
+// Eight rounded values of a row: the vector rounding when it rounds to
 // nearest, the scalar rule that ignores the mode otherwise.
 inline __m128i roundedRow(FloatLane v, bool nearest, int32_t lo, int32_t hi) {
     if (nearest) return packSaturated(roundClamped(v, static_cast<float>(lo), static_cast<float>(hi)));
@@ -361,18 +380,53 @@ inline __m128i roundedRow(FloatLane v, bool nearest, int32_t lo, int32_t hi) {
     return load128i(r);
 }
 
+// The rows of coefficients rounded and saturated to 16 bits.  From AVX2
+// two rows a step: rounded to nearest by roundps, converted, packed with
+// signed saturation, which together equal clamping then rounding for every
+// value that converts (|v| < 2^31).  NaN and larger values convert to
+// INT_MIN; a block with such a lane goes through the clamping rows.
+inline void storeRoundedRows(const FloatLane* v, Vek16s* dst) {
+#if defined(__AVX512F__)
+    // Two rows a 512-bit register, rounded by the conversion's own mode
+    // and narrowed with signed saturation.
+    __mmask16 seen = 0;
+    for (int u = 0; u < 8; u += 2) {
+        const __m512 rows = _mm512_insertf32x8(_mm512_castps256_ps512(v[u].v), v[u + 1].v, 1);
+        const __m512i r = _mm512_cvt_roundps_epi32(rows, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+        seen |= _mm512_cmpeq_epi32_mask(r, _mm512_set1_epi32(INT32_MIN));
+        store(dst + 8 * u, _mm512_cvtsepi32_epi16(r));
+    }
+    if (!seen) return;
+#elif defined(__AVX2__)
+    const __m256i invalid = _mm256_set1_epi32(INT32_MIN);
+    __m256i seen = _mm256_setzero_si256();
+    for (int u = 0; u < 8; u += 2) {
+        const __m256i a = _mm256_cvttps_epi32(_mm256_round_ps(v[u].v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+        const __m256i b =
+            _mm256_cvttps_epi32(_mm256_round_ps(v[u + 1].v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+        seen = _mm256_or_si256(seen, _mm256_or_si256(_mm256_cmpeq_epi32(a, invalid), _mm256_cmpeq_epi32(b, invalid)));
+        store(dst + 8 * u, _mm256_permute4x64_epi64(_mm256_packs_epi32(a, b), 0xD8));
+    }
+    if (_mm256_testz_si256(seen, seen)) return;
+#endif
+    const bool nearest = roundsToNearest();
+    for (int u = 0; u < 8; ++u) store(dst + 8 * u, roundedRow(v[u], nearest, -32768, 32767));
+}
+
+// Samples to coefficients.  The samples convert exactly, and the row pass
+// forms only sums and differences of them before its first product, all
+// exact (below 2^24): so the level shift, - 2048 on each sample, is exactly
+// - 8 * 2048 on the row's output 0 and nothing on the others.
 inline void forwardFloatBlock(const Vek16u* src, int srcStep, Vek16s* dst, const Vek32f* table) {
     FloatLane x[8];
-    for (int r = 0; r < 8; ++r) x[r] = toFloat(loadRow(jpeg::blockRow(src, srcStep, r))) - splatFloat(2048.0f);
+    for (int r = 0; r < 8; ++r) x[r] = toFloat(loadRow(jpeg::blockRow(src, srcStep, r)));
     transposeFloats(x);
     forwardFloat8(x);
+    x[0] = x[0] - splatFloat(8 * 2048.0f);
     transposeFloats(x);
     forwardFloat8(x);
-    const bool nearest = mxcsrRoundsToNearest();
-    for (int u = 0; u < 8; ++u) {
-        const FloatLane v = (x[u] * loadFloats(kForwardPostScale + 8 * u)) * loadFloats(table + 8 * u);
-        store(dst + 8 * u, roundedRow(v, nearest, -32768, 32767));
-    }
+    for (int u = 0; u < 8; ++u) x[u] = (x[u] * loadFloats(kForwardPostScale + 8 * u)) * loadFloats(table + 8 * u);
+    storeRoundedRows(x, dst);
 }
 
 inline void inverseFloatBlock(const Vek16s* src, Vek16u* dst, int dstStep, const Vek32f* table) {
@@ -383,7 +437,7 @@ inline void inverseFloatBlock(const Vek16s* src, Vek16u* dst, int dstStep, const
     transposeFloats(x);
     inverseFloat8(x);
     transposeFloats(x);
-    const bool nearest = mxcsrRoundsToNearest();
+    const bool nearest = roundsToNearest();
     for (int r = 0; r < 8; ++r)
         store(jpeg::blockRow(dst, dstStep, r), roundedRow(x[r] + splatFloat(2048.0f), nearest, 0, 4095));
 }

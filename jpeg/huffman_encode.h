@@ -57,7 +57,7 @@ public:
     // The code of `symbol` followed by the `size` low bits of `bits`.
     bool code(const EncodeSpec* t, int symbol, Vek32u bits = 0, int size = 0) {
         const Vek32u entry = t->codeLength[symbol];
-        if (!entry) return false;
+        if (__builtin_expect(!entry, 0)) return false;
         writer_.put(((entry >> 5) << size) | (bits & ((1u << size) - 1)), static_cast<int>(entry & 31) + size);
         return true;
     }
@@ -114,11 +114,13 @@ VekStatus putRunValue(Sink& sink, const EncodeSpec* t, int run, int v) {
 
 // The same with the size category and the value bits (v - 1 for a
 // negative v) worked out beforehand.
+// Runs of 16 and more, and sizes beyond the largest, are rare: the hints
+// keep the usual path straight, without a jump out and back per symbol.
 template <class Sink>
 VekStatus putRunSized(Sink& sink, const EncodeSpec* t, int run, int size, Vek32u bits) {
-    for (; run > 15; run -= 16)
+    for (; __builtin_expect(run > 15, 0); run -= 16)
         if (!sink.code(t, 0xF0)) return StatusJpegHuffmanTable;
-    if (size > kMaxAcSize) return StatusJpegCoefficientRange;
+    if (__builtin_expect(size > kMaxAcSize, 0)) return StatusJpegCoefficientRange;
     return sink.code(t, (run << 4) | size, bits, size) ? StatusOk : StatusJpegHuffmanTable;
 }
 
@@ -250,12 +252,26 @@ VekStatus codeAcRefine(Sink& sink, const Vek16s* src, int ss, int se, int al, co
 
 // ---- encoding calls: stage, then commit ----------------------------------
 
+// n bytes from src to dst.  A block codes to a few bytes: up to 16 they
+// go as two fixed-size copies that may overlap, not a call of memcpy.
+inline void copyFew(Vek8u* dst, const Vek8u* src, int n) {
+    if (n >= 8 && n <= 16) {
+        memcpy(dst, src, 8);
+        memcpy(dst + n - 8, src + n - 8, 8);
+    } else if (n >= 4 && n < 8) {
+        memcpy(dst, src, 4);
+        memcpy(dst + n - 4, src + n - 4, 4);
+    } else {
+        memcpy(dst, src, static_cast<size_t>(n));
+    }
+}
+
 // Copies the staged bytes out and keeps the writer's pending bits.
 inline VekStatus commitBytes(EncodeSink& sink, Vek8u* dst, int dstLen, int* pos, EncodeState& st) {
     sink.writer_.settle();
     const int n = sink.bytes();
     if (n > dstLen - *pos) return StatusOutOfBuffer;
-    memcpy(dst + *pos, sink.stage_, static_cast<size_t>(n));
+    copyFew(dst + *pos, sink.stage_, n);
     *pos += n;
     st.bits = sink.writer_.pendingBits();
     st.count = sink.writer_.count();

@@ -130,6 +130,20 @@ inline std::vector<short> libjpegCoefficients(const std::vector<unsigned char>& 
     return out;
 }
 
+// Quantisation table `index` of a file, in natural order.
+inline std::vector<unsigned short> libjpegQuantTable(const std::vector<unsigned char>& file, int index) {
+    jpeg_decompress_struct d;
+    jpeg_error_mgr err;
+    d.err = jpeg_std_error(&err);
+    jpeg_create_decompress(&d);
+    jpeg_mem_src(&d, file.data(), static_cast<unsigned long>(file.size()));
+    jpeg_read_header(&d, TRUE);
+    const JQUANT_TBL* table = d.quant_tbl_ptrs[index];
+    std::vector<unsigned short> out(table->quantval, table->quantval + DCTSIZE2);
+    jpeg_destroy_decompress(&d);
+    return out;
+}
+
 // The same coefficients, rewritten by libjpeg with its optimal tables.
 inline std::vector<unsigned char> libjpegOptimise(const std::vector<unsigned char>& file) {
     jpeg_decompress_struct d;

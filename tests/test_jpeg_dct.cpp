@@ -5,6 +5,7 @@
 // the float path, the scaled-down inverses), worked examples, and the
 // entry checks on every level.
 #include <algorithm>
+#include <cfenv>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "image_harness.h"
+#include "libjpeg_client.h"
 
 namespace vektest {
 namespace {
@@ -33,6 +35,7 @@ using vek::vekTable_vekiDCTQuantInv8x8LS_2x2_JPEG_16s8u_C1R;
 using vek::vekTable_vekiDCTQuantInv8x8LS_4x4_JPEG_16s8u_C1R;
 using vek::vekTable_vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R;
 using vek::vekTable_vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R;
+using vek::vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R;
 using vek::vekTable_vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R;
 using vek::vekTable_vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R;
 using vek::vekTable_vekiQuantFwd8x8_JPEG_16s_C1I;
@@ -178,6 +181,8 @@ VEK_TABLE_CASE(vekiDCT8x8InvLSClip_16s8u_C1R, Vek16u, randomTable,
                    return f[l](s, d, st, table[0], Vek8u(table[1]), Vek8u(table[2]));
                }));
 VEK_TABLE_CASE(vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R, Vek16u, randomTable,
+               diffBlockToImage<Vek8u>([&](int l, auto s, auto d, int st) { return f[l](s, d, st, table); }));
+VEK_TABLE_CASE(vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R, Vek16u, randomTable,
                diffBlockToImage<Vek8u>([&](int l, auto s, auto d, int st) { return f[l](s, d, st, table); }));
 VEK_TABLE_CASE(vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R, Vek32f, randomFloatTable,
                diffBlockToImage<Vek16u>([&](int l, auto s, auto d, int st) { return f[l](s, d, st, table); }));
@@ -413,6 +418,112 @@ TEST(JpegDct, FloatPathFollowsTheReference) {
     });
 }
 
+// Under each rounding mode of the caller (x87 and SSE alike) the float path
+// gives level 0's bits at every level: the arithmetic follows the mode the
+// same way everywhere, and the final rounding to nearest ignores it.
+TEST(JpegDct, FloatPathAgreesUnderTheCallersRoundingMode) {
+    const int saved = fegetround();
+    for (int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+        for (int n = 0; n < rounds(20); ++n) {
+            const std::vector<Vek32f> table = randomFloatTable();
+            Vek16u samples[64];
+            Vek16s coef[64], want[64], got[64];
+            for (int i = 0; i < 64; ++i) {
+                samples[i] = Vek16u(rng()() % 4096);
+                coef[i] = Vek16s(int(rng()() % 201) - 100);
+            }
+            Vek16u wantBack[64], gotBack[64];
+            ASSERT_EQ(fesetround(mode), 0);
+            vekTable_vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R[0](samples, 16, want, table.data());
+            vekTable_vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R[0](coef, wantBack, 16, table.data());
+            fesetround(saved);
+            onEveryLevel([&](int level) {
+                ASSERT_EQ(fesetround(mode), 0);
+                vekTable_vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R[level](samples, 16, got, table.data());
+                vekTable_vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R[level](coef, gotBack, 16, table.data());
+                fesetround(saved);
+                ASSERT_TRUE(std::equal(want, want + 64, got)) << "forward, mode " << mode;
+                ASSERT_TRUE(std::equal(wantBack, wantBack + 64, gotBack)) << "inverse, mode " << mode;
+            });
+        }
+    }
+}
+
+// The libjpeg-compatible inverse on random samples' rounded coefficients:
+// within 1 of the exact inverse, unbiased.
+TEST(JpegDct, LlmInverseFollowsTheExactInverse) {
+    Vek16u ones[64];
+    for (Vek16u& q : ones) q = 1;
+    ErrorStats stats;
+    for (int n = 0; n < rounds(3000); ++n) {
+        std::vector<double> shifted(64);
+        for (double& x : shifted) x = int(rng()() % 256) - 128;
+        std::vector<double> coef = referenceDct(shifted, false);
+        Vek16s in[64];
+        for (int i = 0; i < 64; ++i) coef[i] = in[i] = Vek16s(std::nearbyint(coef[i]));
+        const std::vector<double> want = referenceDct(coef, true);
+        Vek8u out[64];
+        ASSERT_EQ(vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R[0](in, out, 8, ones), StatusOk);
+        std::vector<double> err(64);
+        for (int i = 0; i < 64; ++i) err[i] = out[i] - std::min(255.0, std::max(0.0, std::nearbyint(want[i]) + 128));
+        stats.add(err);
+    }
+    EXPECT_LE(stats.peak, 1.0);
+    EXPECT_LE(stats.worstMse(), 0.06);
+    EXPECT_LE(stats.overallMean(), 0.0015);
+}
+
+// Extreme blocks (every value -32768 or 32767, so sums peak and passes
+// saturate) give level 0's samples at every level.
+TEST(JpegDct, LlmInverseAgreesOnExtremeBlocks) {
+    Vek16u ones[64];
+    for (Vek16u& q : ones) q = 1;
+    for (int n = 0; n < rounds(200); ++n) {
+        Vek16s in[64];
+        for (Vek16s& x : in) x = rng()() % 2 ? 32767 : -32768;
+        Vek8u want[64];
+        ASSERT_EQ(vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R[0](in, want, 8, ones), StatusOk);
+        onEveryLevel([&](int level) {
+            Vek8u got[64];
+            ASSERT_EQ(vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R[level](in, got, 8, ones), StatusOk);
+            ASSERT_EQ(0, memcmp(got, want, 64));
+        });
+    }
+}
+
+#ifdef VEK_HAVE_LIBJPEG
+// Grey files of libjpeg-turbo (the photograph and noise, which fills every
+// coefficient, at qualities from 10 to 100), decoded by it and by the
+// inverse from their coefficients: the same samples at every level.
+TEST(JpegDct, LlmInverseGivesLibjpegTurbosSamples) {
+    Pixels noise;
+    noise.width = noise.height = 128;
+    noise.channels = 1;
+    noise.data.resize(128 * 128);
+    for (unsigned char& x : noise.data) x = static_cast<unsigned char>(rng()());
+    for (const Pixels& image : {libjpegDecode(naturalJpeg(), 1), noise})
+        for (int quality : {10, 50, 90, 100}) {
+            LibjpegSettings settings;
+            settings.quality = quality;
+            settings.sampling = "gray";
+            const std::vector<unsigned char> file = libjpegEncode(image, settings);
+            const std::vector<short> coef = libjpegCoefficients(file);
+            const std::vector<unsigned short> table = libjpegQuantTable(file, 0);
+            const Pixels want = libjpegDecode(file, 1);
+            std::vector<Vek8u> got(want.data.size());
+            onEveryLevel([&](int level) {
+                for (int by = 0; by < image.height / 8; ++by)
+                    for (int bx = 0; bx < image.width / 8; ++bx)
+                        ASSERT_EQ(vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R[level](
+                                      &coef[size_t(by * image.width / 8 + bx) * 64],
+                                      &got[size_t(by) * 8 * image.width + 8 * bx], image.width, table.data()),
+                                  StatusOk);
+                ASSERT_TRUE(got == want.data) << "quality " << quality << " width " << image.width;
+            });
+        }
+}
+#endif
+
 // Scaled-down decoding gives the means of the groups of the exact inverse,
 // within one; the 2x2 and 4x4 full blocks equal the full inverse of the
 // block cut to those coefficients.
@@ -574,9 +685,10 @@ TEST(JpegDct, ChecksInTheirOrderAndNothingWritten) {
         EXPECT_EQ(vekTable_vekiDCTQuantFwd8x8LS_JPEG_16u16s_C1R[level](q, 0, dst16, nullptr), S);
         EXPECT_EQ(vekTable_vekiDCTQuantInv8x8LS_JPEG_16s16u_C1R[level](coef, dst16u, 16, nullptr), N);
         for (auto f :
-             {vekTable_vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R, vekTable_vekiDCTQuantInv8x8LS_1x1_JPEG_16s8u_C1R,
-              vekTable_vekiDCTQuantInv8x8LS_2x2_JPEG_16s8u_C1R, vekTable_vekiDCTQuantInv8x8LS_4x4_JPEG_16s8u_C1R,
-              vekTable_vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R, vekTable_vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R}) {
+             {vekTable_vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R, vekTable_vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R,
+              vekTable_vekiDCTQuantInv8x8LS_1x1_JPEG_16s8u_C1R, vekTable_vekiDCTQuantInv8x8LS_2x2_JPEG_16s8u_C1R,
+              vekTable_vekiDCTQuantInv8x8LS_4x4_JPEG_16s8u_C1R, vekTable_vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R,
+              vekTable_vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R}) {
             EXPECT_EQ(f[level](nullptr, dst8, 0, nullptr), N);
             EXPECT_EQ(f[level](coef, dst8, 0, nullptr), S);
             EXPECT_EQ(f[level](coef, dst8, 8, nullptr), N);

@@ -3,9 +3,9 @@
 // as faithful as its own at the same quality and sampling (PSNR within
 // 0.3 dB) and no more than 3% larger (with optimal tables no larger; at
 // quality 100 ours are 3 to 6% smaller); our decoder
-// gives libjpeg-turbo's pixels within 2 on its files of every sampling,
-// baseline and progressive, odd sizes included, and its scaled pixels
-// within 4, but for rare samples one further off.
+// gives libjpeg-turbo's pixels within 2 (today exactly) on its files of
+// every sampling, baseline and progressive, odd sizes included, and its
+// scaled pixels within 4, but for rare samples one further off.
 #include <math.h>
 
 #include "examples/jpeg_codec/jpeg_pixels.h"
@@ -127,15 +127,16 @@ TEST(JpegCodecPixels, DecodesLikeLibjpegTurboAtEveryScale) {
                     ASSERT_EQ(ours.width, theirs.width);
                     ASSERT_EQ(ours.height, theirs.height);
                     ASSERT_EQ(ours.channels, theirs.channels);
-                    // Our inverse DCT and libjpeg-turbo's differ by 1 on about
-                    // 2% of samples; where Y and a chroma sample both differ,
-                    // the conversion to RGB can make 3 (about 2 samples in
-                    // 100000 at full scale).  The upsampling and conversion
-                    // round as libjpeg-turbo's do: the 3s come from the
-                    // inverse DCT alone.
-                    const int bound = denominator == 1 ? 2 : 4;
-                    EXPECT_LE(maxDifference(theirs.data, ours.pixels), bound + 1) << "scale 1/" << denominator;
-                    EXPECT_LE(countBeyond(theirs.data, ours.pixels, bound), ours.pixels.size() / 10000)
+                    // Full scale: libjpeg's inverse DCT, upsampling and
+                    // conversion, so today the same pixels; 2 is the promise.
+                    // Scaled: our reduced inverses are not libjpeg's (1 to 3
+                    // off today); within 4 but for rare samples one further.
+                    if (denominator == 1) {
+                        EXPECT_LE(maxDifference(theirs.data, ours.pixels), 2);
+                        continue;
+                    }
+                    EXPECT_LE(maxDifference(theirs.data, ours.pixels), 5) << "scale 1/" << denominator;
+                    EXPECT_LE(countBeyond(theirs.data, ours.pixels, 4), ours.pixels.size() / 10000)
                         << "scale 1/" << denominator;
                 }
             }

@@ -68,6 +68,12 @@ void padWindow(const uint8_t* pixels, int width, int height, int channels, int x
     }
 }
 
+// How far ahead along each of an MCU's pixel rows the colour walk asks
+// for the cache line: the walk reads 16 rows at once, more streams than
+// the hardware prefetcher follows, and the photograph is far larger than
+// the cache.
+constexpr size_t kPrefetchAhead = 384;
+
 // A block of the MCU padding beyond the component's samples: no AC and the
 // DC of the block coded before it, so that it costs almost nothing.
 void dummyBlock(Component& c, int bx, int by, int mcuX) {
@@ -173,7 +179,9 @@ private:
             for (int mx = 0; mx < img.mcusWide; ++mx) {
                 const int x0 = mx * mw, y0 = my * mh;
                 if (x0 + mw <= w && y0 + mh <= h) {
-                    toBlocks(pixels + (size_t(y0) * size_t(w) + size_t(x0)) * 3, w * 3, blocks);
+                    const uint8_t* at = pixels + (size_t(y0) * size_t(w) + size_t(x0)) * 3;
+                    for (int r = 0; r < mh; ++r) __builtin_prefetch(at + size_t(r) * size_t(w) * 3 + kPrefetchAhead);
+                    toBlocks(at, w * 3, blocks);
                 } else {
                     padWindow(pixels, w, h, 3, x0, y0, mw, mh, pad);
                     toBlocks(pad, mw * 3, blocks);
@@ -222,7 +230,7 @@ void inverseBlocks(const Component& c, const Vek16u* quant, const Plane& p, int 
             const Vek16s* b = c.block(bx, by);
             uint8_t* dst = row + bx * p.scaled;
             switch (p.scaled) {
-            case 8: vekiDCTQuantInv8x8LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
+            case 8: vekiDCTQuantInv8x8LS_LLM_JPEG_16s8u_C1R(b, dst, step, quant); break;
             case 4: vekiDCTQuantInv8x8To4x4LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
             case 2: vekiDCTQuantInv8x8To2x2LS_JPEG_16s8u_C1R(b, dst, step, quant); break;
             default:

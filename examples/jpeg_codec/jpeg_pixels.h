@@ -2,8 +2,8 @@
 // coefficients (colour conversion and chroma averaging by the per-MCU
 // functions, the forward DCT with quantisation by quality-scaled standard
 // tables) and coefficients turned back into pixels (dequantisation with the
-// full or a reduced inverse DCT, smooth chroma upsampling, conversion to
-// RGB), all by the library's exports.  With jpeg_coefficients.h this is a
+// full inverse DCT of libjpeg's decoders or a reduced one, smooth chroma
+// upsampling, conversion to RGB), all by the library's exports.  With jpeg_coefficients.h this is a
 // whole JPEG encoder and decoder.
 //
 // Every failure is a message; nothing here throws or aborts, whatever the
