@@ -40,13 +40,25 @@ inline const std::vector<unsigned char>& naturalJpeg() {
     return file;
 }
 
-inline Pixels libjpegDecode(const std::vector<unsigned char>& file, int channels) {
+// A libjpeg decompressor over a file in memory, its header read; destroyed
+// with the reader.
+struct LibjpegReader {
     jpeg_decompress_struct d;
     jpeg_error_mgr err;
-    d.err = jpeg_std_error(&err);
-    jpeg_create_decompress(&d);
-    jpeg_mem_src(&d, file.data(), static_cast<unsigned long>(file.size()));
-    jpeg_read_header(&d, TRUE);
+    explicit LibjpegReader(const std::vector<unsigned char>& file) {
+        d.err = jpeg_std_error(&err);
+        jpeg_create_decompress(&d);
+        jpeg_mem_src(&d, file.data(), static_cast<unsigned long>(file.size()));
+        jpeg_read_header(&d, TRUE);
+    }
+    ~LibjpegReader() { jpeg_destroy_decompress(&d); }
+    LibjpegReader(const LibjpegReader&) = delete;
+    LibjpegReader& operator=(const LibjpegReader&) = delete;
+};
+
+inline Pixels libjpegDecode(const std::vector<unsigned char>& file, int channels) {
+    LibjpegReader reader(file);
+    jpeg_decompress_struct& d = reader.d;
     d.out_color_space = channels == 1 ? JCS_GRAYSCALE : JCS_RGB;
     jpeg_start_decompress(&d);
     Pixels p;
@@ -59,7 +71,6 @@ inline Pixels libjpegDecode(const std::vector<unsigned char>& file, int channels
         jpeg_read_scanlines(&d, &row, 1);
     }
     jpeg_finish_decompress(&d);
-    jpeg_destroy_decompress(&d);
     return p;
 }
 
@@ -108,12 +119,8 @@ inline std::vector<unsigned char> libjpegEncode(const Pixels& p, const LibjpegSe
 // The coefficients of every block of every component inside the image,
 // component after component, row after row, as libjpeg reads them.
 inline std::vector<short> libjpegCoefficients(const std::vector<unsigned char>& file) {
-    jpeg_decompress_struct d;
-    jpeg_error_mgr err;
-    d.err = jpeg_std_error(&err);
-    jpeg_create_decompress(&d);
-    jpeg_mem_src(&d, file.data(), static_cast<unsigned long>(file.size()));
-    jpeg_read_header(&d, TRUE);
+    LibjpegReader reader(file);
+    jpeg_decompress_struct& d = reader.d;
     jvirt_barray_ptr* arrays = jpeg_read_coefficients(&d);
     std::vector<short> out;
     for (int ci = 0; ci < d.num_components; ++ci) {
@@ -126,35 +133,26 @@ inline std::vector<short> libjpegCoefficients(const std::vector<unsigned char>& 
         }
     }
     jpeg_finish_decompress(&d);
-    jpeg_destroy_decompress(&d);
     return out;
 }
 
 // Quantisation table `index` of a file, in natural order.
 inline std::vector<unsigned short> libjpegQuantTable(const std::vector<unsigned char>& file, int index) {
-    jpeg_decompress_struct d;
-    jpeg_error_mgr err;
-    d.err = jpeg_std_error(&err);
-    jpeg_create_decompress(&d);
-    jpeg_mem_src(&d, file.data(), static_cast<unsigned long>(file.size()));
-    jpeg_read_header(&d, TRUE);
+    LibjpegReader reader(file);
+    jpeg_decompress_struct& d = reader.d;
     const JQUANT_TBL* table = d.quant_tbl_ptrs[index];
     std::vector<unsigned short> out(table->quantval, table->quantval + DCTSIZE2);
-    jpeg_destroy_decompress(&d);
     return out;
 }
 
 // The same coefficients, rewritten by libjpeg with its optimal tables.
 inline std::vector<unsigned char> libjpegOptimise(const std::vector<unsigned char>& file) {
-    jpeg_decompress_struct d;
+    LibjpegReader reader(file);
+    jpeg_decompress_struct& d = reader.d;
     jpeg_compress_struct c;
-    jpeg_error_mgr derr, cerr;
-    d.err = jpeg_std_error(&derr);
+    jpeg_error_mgr cerr;
     c.err = jpeg_std_error(&cerr);
-    jpeg_create_decompress(&d);
     jpeg_create_compress(&c);
-    jpeg_mem_src(&d, file.data(), static_cast<unsigned long>(file.size()));
-    jpeg_read_header(&d, TRUE);
     jvirt_barray_ptr* arrays = jpeg_read_coefficients(&d);
     jpeg_copy_critical_parameters(&d, &c);
     c.optimize_coding = TRUE;
@@ -167,7 +165,6 @@ inline std::vector<unsigned char> libjpegOptimise(const std::vector<unsigned cha
     free(mem);
     jpeg_destroy_compress(&c);
     jpeg_finish_decompress(&d);
-    jpeg_destroy_decompress(&d);
     return out;
 }
 
